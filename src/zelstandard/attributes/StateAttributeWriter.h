@@ -1,0 +1,44 @@
+#pragma once
+
+#include <iosfwd>
+
+#include <zelstandard/Export.h>
+
+class ZelXmlData;
+class ZelXmlTree;
+
+namespace Standard
+{
+
+class StateAttribute;
+class StateAttributeManager;
+
+/// Writes a catalogue as the document that StateAttributeReader reads.
+///
+/// The document cannot hold everything: of the codes it knows DIN-2008, EC, OENORM and CSN, of the
+/// bridge types all but FOOTBRIDGE2; a classification set of both classifications is written empty,
+/// which means the same; a combination group takes the alphabetically first of its words. All this
+/// is wanted.
+///
+/// Written into a tree that holds attributes already, their elements are updated in place: unknown
+/// content stays, and what would give another value when read again is removed. As for reading, the
+/// first STATEATTRIBUTES of the tree is taken, even the list of an instruction.
+class ZELSTANDARD_API StateAttributeWriter
+{
+public:
+    /// The catalogue is not owned.
+    explicit StateAttributeWriter(StateAttributeManager* manager) : manager_(manager) {}
+
+    void writeXML(std::ostream& stream);
+    void writeXML(ZelXmlTree& tree);
+
+    /// Writes every attribute, in the order of the catalogue, below the element.
+    void writeStateAttributes(ZelXmlData* parent);
+
+private:
+    static void writeStateAttribute(ZelXmlData* element, const StateAttribute& attribute);
+
+    StateAttributeManager* manager_;
+};
+
+} // namespace Standard

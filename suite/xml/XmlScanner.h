@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+/// @file
+/// What makes a document well formed and pugixml does not look at.
+
+namespace zelsuite::xml
+{
+
+/// Elements may nest this deep, the root being at depth 1.
+inline constexpr int DeepestElement = 1000;
+
+/// The XML declaration at the front of a document.
+struct Declaration {
+    bool valid = true;         ///< false for one that is begun and not well formed
+    std::size_t length = 0;    ///< 0 when there is none
+    std::string_view encoding; ///< as written; empty when it names none
+};
+
+/// Reads the XML declaration, of which all characters are ASCII.
+Declaration readDeclaration(std::string_view document);
+
+/// True when the UTF-8 document is well formed, but for end tags, whose names pugixml compares,
+/// and the inside of a document type declaration. Attributes of one name are let through. A
+/// document type declaration is overwritten with blanks; only with one may there be references
+/// to other entities than the five of XML.
+bool scanDocument(char* document, std::size_t size);
+
+} // namespace zelsuite::xml
