@@ -14,8 +14,8 @@ static int print(const char* action, const char* code, const char* structure)
         printf("%-10s %-7s %-11s no factors\n", action, code, structure);
         return 0;
     }
-    printf("%-10s %-7s %-11s gamma sup %.2f  gamma inf %.2f  psi0 %.2f  psi1 %.2f  psi2 %.2f\n", action,
-           code, structure, values[0], values[1], values[2], values[3], values[4]);
+    printf("%-10s %-7s %-11s gamma sup %.2f  gamma inf %.2f  psi0 %.2f  psi1 %.2f  psi2 %.2f\n",
+           action, code, structure, values[0], values[1], values[2], values[3], values[4]);
     return 1;
 }
 
@@ -26,7 +26,8 @@ int main(int argc, char** argv)
         return 2;
     }
     if (!ZelStandardInitialiseFile(argv[1])) {
-        fprintf(stderr, "%s: no action types found; give the path of an action type file\n", argv[1]);
+        fprintf(stderr, "%s: no action types found; give the path of an action type file\n",
+                argv[1]);
         return 1;
     }
     if (argc == 5)

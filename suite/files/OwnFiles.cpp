@@ -1,7 +1,5 @@
 #include "OwnFiles.h"
 
-#include <filesystem>
-
 #if defined(_WIN32)
 #include <zelstandard/platform/WindowsFiles.h>
 #else

@@ -315,22 +315,17 @@ Declaration readDeclaration(std::string_view document)
     return result;
 }
 
-bool scanDocument(char* document, std::size_t size)
+bool isWellFormed(std::string_view document)
 {
-    const std::string_view text(document, size);
-    const Declaration declaration = readDeclaration(text);
-    if (!declaration.valid || !isXmlText(text))
+    const Declaration declaration = readDeclaration(document);
+    if (!declaration.valid || !isXmlText(document))
         return false;
-    Scanner scanner(text.substr(declaration.length));
+    Scanner scanner(document.substr(declaration.length));
     if (!scanner.miscellany())
         return false;
-    const std::size_t start = size - scanner.rest().size();
     if (scanner.literal("<!DOCTYPE")) {
-        if (!scanner.doctype())
-            return false;
-        std::fill(document + start, document + size - scanner.rest().size(), ' ');
         scanner.allowEntities();
-        if (!scanner.miscellany())
+        if (!scanner.doctype() || !scanner.miscellany())
             return false;
     }
     return scanner.element() && scanner.miscellany() && scanner.atEnd();

@@ -22,10 +22,10 @@ struct Declaration {
 /// Reads the XML declaration, of which all characters are ASCII.
 Declaration readDeclaration(std::string_view document);
 
-/// True when the UTF-8 document is well formed, but for end tags, whose names pugixml compares,
-/// and the inside of a document type declaration. Attributes of one name are let through. A
-/// document type declaration is overwritten with blanks; only with one may there be references
-/// to other entities than the five of XML.
-bool scanDocument(char* document, std::size_t size);
+/// True when the UTF-8 document is well formed, but for what pugixml refuses as well: end tags of
+/// another name. Attributes of one name are let through, and the declarations inside a document
+/// type declaration are passed over. Only with such a declaration may there be references to other
+/// entities than the five of XML.
+bool isWellFormed(std::string_view document);
 
 } // namespace zelsuite::xml

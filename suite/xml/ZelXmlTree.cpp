@@ -26,7 +26,7 @@ bool ZelXmlTree::buildOfStream(std::istream& stream)
     document_->open.clear();
     document_->content.reset();
     Source source = readSource(stream);
-    if (!source.memory || !scanDocument(source.memory.get(), source.size))
+    if (!source.memory || !isWellFormed(source.text()))
         return false;
     const pugi::xml_parse_result result = document_->content.load_buffer_inplace_own(
         source.memory.release(), source.size,

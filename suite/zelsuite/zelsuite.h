@@ -21,8 +21,8 @@ ZELSUITE_API bool setLanguage(const std::string& language);
 /// The language in force.
 ZELSUITE_API std::string getLanguage();
 
-/// The directory that holds the suite's shared data ("Profiles" and so on), without a separator at
-/// its end. The empty string returns to the built-in place: "share/zelstandard" beside the
+/// Sets the directory that holds the suite's shared data ("Profiles" and so on); separators at its
+/// end are dropped. The empty string returns to the built-in place: "share/zelstandard" beside the
 /// directory of this library.
 ZELSUITE_API void setInstallationDirectory(const std::string& directory);
 

@@ -31,7 +31,8 @@ inline constexpr FactorField factorFields[] = {
     {"psi11",           &Standard::SafetyFactors::getPsi11,    &Standard::SafetyFactors::setPsi11   },
     {"psi21",           &Standard::SafetyFactors::getPsi21,    &Standard::SafetyFactors::setPsi21   },
     {"psi22",           &Standard::SafetyFactors::getPsi22,    &Standard::SafetyFactors::setPsi22   },
-    {"crack reduction", &Standard::SafetyFactors::getCrackRed, &Standard::SafetyFactors::setCrackRed},
+    {"crack reduction", &Standard::SafetyFactors::getCrackRed,
+     &Standard::SafetyFactors::setCrackRed                                                          },
 };
 
 /// A set with nine different values, each of which a file can hold.

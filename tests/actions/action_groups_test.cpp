@@ -17,8 +17,7 @@ TEST(ActionGroups, HaveTheirTexts)
         const ActionGroup group(ActionGroup::Type{value});
         table << value << " " << Standard::XMLUtil::get()->getStringToActionGroup(group.getId())
               << ": " << group.getTextID() << "\n";
-        EXPECT_EQ(group.getName(),
-                  group.getTextID() == 0 ? "-" : ZelText::Load(group.getTextID()))
+        EXPECT_EQ(group.getName(), group.getTextID() == 0 ? "-" : ZelText::Load(group.getTextID()))
             << value;
     }
     support::expectGolden("action_group_texts.txt", table.str());

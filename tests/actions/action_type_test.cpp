@@ -12,10 +12,10 @@ using Standard::LoadDuration;
 using Standard::Mode;
 using Standard::SafetyFactors;
 using support::distinctFactors;
-using support::FactorField;
 using support::factorFields;
 using support::FreshContext;
 using support::sets;
+using support::text;
 
 namespace
 {
@@ -24,25 +24,24 @@ constexpr auto building = Classification::BUILDING;
 constexpr auto bridge = Classification::BRIDGE;
 constexpr auto roadway = BridgeType::ROADWAY;
 
-/// The getters and setters for the set in force.
+/// The getters and setters for the set in force, in the order of factorFields.
 struct InForce {
     const char* name;
     double (ActionType::*get)() const;
     void (ActionType::*set)(double);
     double fallback;
-    double (SafetyFactors::*field)() const;
 };
 
 constexpr InForce inForce[] = {
-    {"gamma sup",       &ActionType::getGammaSup, &ActionType::setGammaSup, 1.0, &SafetyFactors::getGammaSup},
-    {"gamma inf",       &ActionType::getGammaInf, &ActionType::setGammaInf, 1.0, &SafetyFactors::getGammaInf},
-    {"psi0",            &ActionType::getPsi0,     &ActionType::setPsi0,     1.0, &SafetyFactors::getPsi0    },
-    {"psi1",            &ActionType::getPsi1,     &ActionType::setPsi1,     1.0, &SafetyFactors::getPsi1    },
-    {"psi2",            &ActionType::getPsi2,     &ActionType::setPsi2,     1.0, &SafetyFactors::getPsi2    },
-    {"psi11",           &ActionType::getPsi11,    &ActionType::setPsi11,    1.0, &SafetyFactors::getPsi11   },
-    {"psi21",           &ActionType::getPsi21,    &ActionType::setPsi21,    0.0, &SafetyFactors::getPsi21   },
-    {"psi22",           &ActionType::getPsi22,    &ActionType::setPsi22,    0.0, &SafetyFactors::getPsi22   },
-    {"crack reduction", &ActionType::getCrackRed, &ActionType::setCrackRed, 1.0, &SafetyFactors::getCrackRed},
+    {"gamma sup",       &ActionType::getGammaSup, &ActionType::setGammaSup, 1.0},
+    {"gamma inf",       &ActionType::getGammaInf, &ActionType::setGammaInf, 1.0},
+    {"psi0",            &ActionType::getPsi0,     &ActionType::setPsi0,     1.0},
+    {"psi1",            &ActionType::getPsi1,     &ActionType::setPsi1,     1.0},
+    {"psi2",            &ActionType::getPsi2,     &ActionType::setPsi2,     1.0},
+    {"psi11",           &ActionType::getPsi11,    &ActionType::setPsi11,    1.0},
+    {"psi21",           &ActionType::getPsi21,    &ActionType::setPsi21,    0.0},
+    {"psi22",           &ActionType::getPsi22,    &ActionType::setPsi22,    0.0},
+    {"crack reduction", &ActionType::getCrackRed, &ActionType::setCrackRed, 1.0},
 };
 
 } // namespace
@@ -137,14 +136,15 @@ TEST(ActionType, WithASetInForceTheGettersAndSettersReachItsFields)
     SafetyFactors& factors = *type.giveFactors(Mode::EC, building, roadway);
     EXPECT_TRUE(type.isActive());
     EXPECT_TRUE(type.hasSafetyFactors());
-    for (const InForce& value : inForce) {
-        SCOPED_TRACE(value.name);
-        EXPECT_EQ((type.*value.get)(), 0.0) << "a new set is zero, crack reduction too";
+    for (std::size_t i = 0; i < std::size(inForce); ++i) {
+        SCOPED_TRACE(inForce[i].name);
         factors = SafetyFactors();
-        (type.*value.set)(0.25);
-        EXPECT_EQ((factors.*value.field)(), 0.25);
-        EXPECT_EQ((type.*value.get)(), 0.25);
-        (factors.*value.field)() == 0.25 ? factors = SafetyFactors() : factors;
+        EXPECT_EQ((type.*inForce[i].get)(), 0.0) << "a new set is zero, crack reduction too";
+        (type.*inForce[i].set)(0.25);
+        EXPECT_EQ((type.*inForce[i].get)(), 0.25);
+        SafetyFactors expected;
+        (expected.*factorFields[i].set)(0.25);
+        EXPECT_EQ(text(factors), text(expected));
     }
 }
 
@@ -245,13 +245,19 @@ TEST(ActionType, AComparisonSeesOnlyTheSetsOfTheLeftOperand)
         bool isSeenFromTheOther;
     };
     const Case cases[] = {
-        {"group",                          [](ActionType& t) { t.setActionGroup(&group); },                                true },
-        {"load duration",                  [](ActionType& t) { t.setLoadDurationClass(LoadDuration::LONGTERM); },          true },
-        {"value of a building",            [](ActionType& t) { t.giveFactors(Mode::EC, building, roadway)->setPsi0(1); },  true },
-        {"value of a bridge",              [](ActionType& t) { t.giveFactors(Mode::EC, bridge, roadway)->setPsi22(1); },   true },
-        {"building of another code",       [](ActionType& t) { t.giveFactors(Mode::BS, building, roadway); },              false},
-        {"bridge of another code",         [](ActionType& t) { t.giveFactors(Mode::BS, bridge, roadway); },                false},
-        {"bridge of another type",         [](ActionType& t) { t.giveFactors(Mode::EC, bridge, BridgeType::RAILWAY1); },   false},
+        {"group",                    [](ActionType& t) { t.setActionGroup(&group); },                       true },
+        {"load duration",            [](ActionType& t) { t.setLoadDurationClass(LoadDuration::LONGTERM); },
+         true                                                                                                    },
+        {"value of a building",
+         [](ActionType& t) { t.giveFactors(Mode::EC, building, roadway)->setPsi0(1); },                     true },
+        {"value of a bridge",
+         [](ActionType& t) { t.giveFactors(Mode::EC, bridge, roadway)->setPsi22(1); },                      true },
+        {"building of another code",
+         [](ActionType& t) { t.giveFactors(Mode::BS, building, roadway); },                                 false},
+        {"bridge of another code",   [](ActionType& t) { t.giveFactors(Mode::BS, bridge, roadway); },
+         false                                                                                                   },
+        {"bridge of another type",
+         [](ActionType& t) { t.giveFactors(Mode::EC, bridge, BridgeType::RAILWAY1); },                      false},
     };
     ActionType type(ActionType::Id::SNOW);
     type.giveFactors(Mode::EC, building, roadway);

@@ -75,15 +75,15 @@ TEST(SafetyFactors, OnlyValuesOfZeroOrMoreAreTakenOver)
         bool isTaken;
     };
     constexpr Case cases[] = {
-        {0.5,                                            true },
-        {0.0,                                            true },
-        {-0.0,                                           true },
-        {infinity,                                       true },
-        {std::numeric_limits<double>::denorm_min(),      true },
-        {-std::numeric_limits<double>::denorm_min(),     false},
-        {-0.5,                                           false},
-        {-infinity,                                      false},
-        {notANumber,                                     false},
+        {0.5,                                        true },
+        {0.0,                                        true },
+        {-0.0,                                       true },
+        {infinity,                                   true },
+        {std::numeric_limits<double>::denorm_min(),  true },
+        {-std::numeric_limits<double>::denorm_min(), false},
+        {-0.5,                                       false},
+        {-infinity,                                  false},
+        {notANumber,                                 false},
     };
     const SafetyFactors before = support::distinctFactors(1);
     for (const FactorField& field : factorFields) {

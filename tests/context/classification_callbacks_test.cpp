@@ -37,7 +37,7 @@ class ClassificationCallbacks : public testing::Test
 protected:
     ClassificationCallbacks() { calls.clear(); }
 
-    static long callsOf(int number) { return std::ranges::count(calls, number, &Call::number); }
+    static auto callsOf(int number) { return std::ranges::count(calls, number, &Call::number); }
 
     FreshContext context_;
 };
@@ -69,7 +69,11 @@ TEST_F(ClassificationCallbacks, AreCalledOnceForEachChange)
 TEST_F(ClassificationCallbacks, ComeInTheOrderOfTheirAddresses)
 {
     std::map<int, Callback> functions = {
-        {11, &record<11>}, {12, &record<12>}, {13, &record<13>}, {14, &record<14>}};
+        {11, &record<11>},
+        {12, &record<12>},
+        {13, &record<13>},
+        {14, &record<14>}
+    };
     std::vector<Callback> registered;
     for (const auto& [number, function] : functions)
         registered.push_back(function);
@@ -98,7 +102,8 @@ TEST_F(ClassificationCallbacks, OutliveTheObject)
 TEST_F(ClassificationCallbacks, FindTheNewValueStored)
 {
     static Classification seen;
-    context_->addCallbackFunction([](Classification) { seen = ZelStandard::get()->getClassification(); });
+    context_->addCallbackFunction(
+        [](Classification) { seen = ZelStandard::get()->getClassification(); });
     context_->setClassification(Classification::BRIDGE);
     EXPECT_EQ(seen, Classification::BRIDGE);
 }

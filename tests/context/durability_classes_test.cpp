@@ -1,4 +1,5 @@
 #include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/platform/ZelText.h>
 
 #include <gtest/gtest.h>
 
@@ -19,11 +20,11 @@ TEST(DurabilityClasses, OfTheContext)
     std::ostringstream table;
     table << "requirement class: number, crack width in m\n";
     for (const RequirementClass* requirement : context->getRequirementClasses())
-        table << requirement->getNameAndDescription() << ": " << requirement->getNClas() << ", "
+        table << requirement->getName() << ": " << requirement->getNClas() << ", "
               << requirement->getCrackWidth() << "\n";
     table << "\nrequirement: number, type\n";
     for (const Requirement* requirement : context->getRequirements())
-        table << requirement->getNameAndDescription() << ": " << requirement->getNClas() << ", "
+        table << requirement->getName() << ": " << requirement->getNClas() << ", "
               << static_cast<int>(requirement->getBridgeRequirement()) << "\n";
     table << "\nexposure class, description: group, number\n";
     for (const ExposureClass* exposure : context->getExposureClasses())
@@ -75,8 +76,18 @@ TEST(DurabilityClasses, HaveTheLanguageOfTheirCreation)
 TEST(DurabilityClasses, AreNumberedByTheirLetters)
 {
     const std::pair<char, int> numbers[] = {
-        {'A', 1}, {'B', 2}, {'F', 6}, {'a', 1}, {'e', 5}, {'f', 6},
-        {'G', 0}, {'g', 0}, {'@', 0}, {'`', 0}, {' ', 0}, {'\0', 0},
+        {'A',  1},
+        {'B',  2},
+        {'F',  6},
+        {'a',  1},
+        {'e',  5},
+        {'f',  6},
+        {'G',  0},
+        {'g',  0},
+        {'@',  0},
+        {'`',  0},
+        {' ',  0},
+        {'\0', 0},
     };
     for (const auto& [letter, number] : numbers)
         EXPECT_EQ(Class(letter, "").getNClas(), number) << letter;
@@ -92,8 +103,12 @@ TEST(DurabilityClasses, OfRequirementsFollowTheBridgeType)
 {
     // The letters for the bridge types 0 to 7.
     const std::pair<int, std::string> letters[] = {
-        {0, "CCBBBCCC"}, {1, "DDDDDDDD"}, {2, "CCCCCCCC"},
-        {3, "CCBBBCCC"}, {4, "CCBBBCCC"}, {5, "CCBBBCCC"},
+        {0, "CCBBBCCC"},
+        {1, "DDDDDDDD"},
+        {2, "CCCCCCCC"},
+        {3, "CCBBBCCC"},
+        {4, "CCBBBCCC"},
+        {5, "CCBBBCCC"},
     };
     for (const auto& [type, expected] : letters) {
         Requirement requirement('A', "", static_cast<Requirement::Type>(type));

@@ -21,7 +21,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Language, Texts, testing::Values("en", "de"),
-                         [](const auto& info) { return std::string(info.param); });
+                         [](const auto& language) { return std::string(language.param); });
 
 Operator operatorOf(int value) { return static_cast<Operator>(value); }
 

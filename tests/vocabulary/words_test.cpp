@@ -102,8 +102,9 @@ TEST(Words, EveryWrittenWordReadsBack)
     for (const Vocabulary& vocabulary : vocabularies())
         for (int value = firstValue; value <= lastValue; ++value) {
             const std::string word = vocabulary.write(value);
-            if (word != "-")
+            if (word != "-") {
                 EXPECT_EQ(vocabulary.read(word), value) << vocabulary.name << " " << word;
+            }
         }
 }
 

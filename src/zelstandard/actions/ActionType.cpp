@@ -194,6 +194,8 @@ ActionType::ActionType(const ActionType& other)
 
 ActionType& ActionType::operator=(const ActionType& other)
 {
+    if (this == &other)
+        return *this;
     copyGammasAndPsis(other);
     id_ = other.id_;
     actionGroup_ = other.actionGroup_;

@@ -79,11 +79,16 @@ void ActionTypeWriter::writeXml(std::ostream& stream)
 
 void ActionTypeWriter::writeXml(ZelXmlTree& tree)
 {
-    tree.open(rootElement, false);
-    tree.open(Label::ActionTypes, false);
-    tree.close();
-    writeActionTypes(ZelXmlData::findTree(tree.getRoot(), Label::ActionTypes, true));
-    tree.close();
+    const auto find = [&] {
+        return ZelXmlData::findTree(tree.getRoot(), Label::ActionTypes, true);
+    };
+    if (!find()) {
+        tree.open(rootElement, false);
+        tree.open(Label::ActionTypes, false);
+        tree.close();
+        tree.close();
+    }
+    writeActionTypes(find());
 }
 
 void ActionTypeWriter::writeActionTypes(ZelXmlData* parent)

@@ -152,6 +152,12 @@ struct Coefficients::Tables {
 
 Coefficients* Coefficients::get()
 {
+    // The context is made first: its settings may call a host's callback that comes back here.
+    static bool hasContext = false;
+    if (!hasContext) {
+        ZelStandard::get();
+        hasContext = true;
+    }
     static Coefficients instance;
     return &instance;
 }

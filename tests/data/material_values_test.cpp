@@ -1,0 +1,143 @@
+// The material coefficients and the stress block of the shipped settings file, against a
+// transcription of the standards' values that was made without looking at the file.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include <zelstandard/material/Coefficients.h>
+#include <zelstandard/material/Control.h>
+
+#include "data/Shipped.h"
+#include "data/Tables.h"
+#include "support/Context.h"
+
+using namespace Standard;
+using support::Row;
+
+namespace
+{
+
+/// The rows of a table by "element code".
+std::map<std::string, Row> byCode(const std::string& table)
+{
+    std::map<std::string, Row> result;
+    for (const Row& row : support::readTable(table))
+        result[row.at("element") + " " + row.at("code")] = row;
+    return result;
+}
+
+/// The code's own value, else that of EC.
+double expected(const std::map<std::string, Row>& rows, const std::string& element, Mode code,
+                const std::string& column)
+{
+    const auto own = rows.find(element + " " + support::codeWord(code));
+    const std::string text = own != rows.end() ? own->second.at(column) : "-";
+    return std::stod(text != "-" ? text : rows.at(element + " EC").at(column));
+}
+
+void expectPartialFactorsOfTheStandards()
+{
+    const Coefficients& coefficients = *Coefficients::get();
+    const auto rows = byCode("materials.txt");
+    using Getter = double (Coefficients::*)(Mode, DesignSituation) const;
+    const std::map<std::string, Getter> getters = {
+        {"GAMMA_S",  &Coefficients::getGammaS },
+        {"GAMMA_C",  &Coefficients::getGammaC },
+        {"GAMMA_A",  &Coefficients::getGammaA },
+        {"GAMMA_T",  &Coefficients::getGammaT },
+        {"GAMMA_F",  &Coefficients::getGammaF },
+        {"GAMMA_R",  &Coefficients::getGammaR },
+        {"GAMMA_RV", &Coefficients::getGammaRV},
+        {"GAMMA_RH", &Coefficients::getGammaRH},
+        {"GAMMA_RE", &Coefficients::getGammaRE},
+    };
+    for (const auto& [element, get] : getters) {
+        for (const Mode code : support::codes()) {
+            const double persistent = expected(rows, element, code, "persistent");
+            const std::string where = element + " " + support::codeWord(code);
+            EXPECT_EQ((coefficients.*get)(code, DesignSituation::PERSISTENT), persistent) << where;
+            EXPECT_EQ((coefficients.*get)(code, DesignSituation::ACCIDENTAL),
+                      expected(rows, element, code, "accidental"))
+                << where;
+            EXPECT_EQ((coefficients.*get)(code, DesignSituation::ACCIDENTAL_EQ), persistent)
+                << where << ", the seismic situation repeats the persistent value";
+        }
+    }
+}
+
+void expectLongTermCoefficientsOfTheStandards()
+{
+    const Coefficients& coefficients = *Coefficients::get();
+    const auto rows = byCode("alphas.txt");
+    for (const Mode code : support::codes()) {
+        const std::string where = support::codeWord(code);
+        for (const auto& [classification, column] : {
+                 std::pair{Classification::BUILDING, "building"},
+                 std::pair{Classification::BRIDGE,   "bridge"  }
+        }) {
+            EXPECT_EQ(coefficients.getAlphaCC(code, classification),
+                      expected(rows, "ALPHA_CC", code, column))
+                << where << " " << column;
+            EXPECT_EQ(coefficients.getAlphaCT(code, classification),
+                      expected(rows, "ALPHA_CT", code, column))
+                << where << " " << column;
+        }
+    }
+}
+
+/// Gives every coefficient of every code the value 9.
+void spoilCoefficients()
+{
+    std::string document = "<COEFFICIENTS>";
+    for (const std::string table :
+         {"GAMMA_S", "GAMMA_C", "GAMMA_A", "GAMMA_T", "GAMMA_F", "GAMMA_R", "GAMMA_RV", "GAMMA_RH",
+          "GAMMA_RE", "ALPHA_CC", "ALPHA_CT"})
+        document += "<" + table +
+                    "><ANNEX NAME='EC'><PERSISTENT>9</PERSISTENT><ACCIDENTAL>9</ACCIDENTAL>"
+                    "<ACCIDENTAL_EQ>9</ACCIDENTAL_EQ><BUILDING>9</BUILDING><BRIDGE>9</BRIDGE>"
+                    "</ANNEX></" +
+                    table + ">";
+    const support::TemporaryDirectory folder;
+    Coefficients::get()->input(folder.write("nines.xml", document + "</COEFFICIENTS>"));
+    ASSERT_EQ(Coefficients::get()->getGammaRE(Mode::DIN_EN, DesignSituation::ACCIDENTAL_EQ), 9);
+    ASSERT_EQ(Coefficients::get()->getAlphaCT(Mode::DIN_EN, Classification::BRIDGE), 9);
+}
+
+} // namespace
+
+TEST(MaterialValues, AreThoseOfTheStandardsAndSurviveSaving)
+{
+    const support::FreshContext context;
+    spoilCoefficients();
+    Coefficients::get()->input(support::settingsFile);
+    expectPartialFactorsOfTheStandards();
+    expectLongTermCoefficientsOfTheStandards();
+
+    const support::TemporaryDirectory folder;
+    Coefficients::get()->output(folder.file("saved.xml"));
+    spoilCoefficients();
+    Coefficients::get()->input(folder.file("saved.xml"));
+    SCOPED_TRACE("saved and read again");
+    expectPartialFactorsOfTheStandards();
+    expectLongTermCoefficientsOfTheStandards();
+}
+
+TEST(MaterialValues, TheStressBlockIsThatOfEurocodeForAllCodesButDin1988)
+{
+    const support::FreshContext context;
+    Control::input(support::settingsFile);
+
+    std::map<std::string, double> value;
+    for (const Row& row : support::readTable("stress_block.txt"))
+        value[row.at("element")] = std::stod(row.at("value"));
+    for (const Mode code : support::codes()) {
+        const bool global = code == Mode::DIN_1988; // no stress block, but a global factor
+        const std::string where = support::codeWord(code);
+        EXPECT_EQ(Control::getCompressionLambda(code), global ? 0 : value.at("LAMBDA")) << where;
+        EXPECT_EQ(Control::getCompressionEta(code), global ? 0 : value.at("ETA")) << where;
+        EXPECT_EQ(Control::getStrutFactor(code), global ? 0 : value.at("STRUTFACTOR")) << where;
+    }
+}

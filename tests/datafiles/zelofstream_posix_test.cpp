@@ -1,0 +1,311 @@
+#include <zelstandard/actions/ActionTypeManager.h>
+#include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/datafiles/zelofstream.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "support/Context.h"
+#include "support/Files.h"
+
+// Where the text goes when disks are full, directories are missing, or the temporary directory lies
+// on another file system than the target.
+
+namespace fs = std::filesystem;
+using support::readFile;
+using support::TemporaryDirectory;
+
+namespace
+{
+
+/// A value of TMPDIR, for the time of a test.
+class TemporaryPath
+{
+public:
+    explicit TemporaryPath(const std::string& path)
+    {
+        if (const char* set = std::getenv("TMPDIR"))
+            before_ = set;
+        setenv("TMPDIR", path.c_str(), 1);
+    }
+    ~TemporaryPath()
+    {
+        if (before_)
+            setenv("TMPDIR", before_->c_str(), 1);
+        else
+            unsetenv("TMPDIR");
+    }
+    TemporaryPath(const TemporaryPath&) = delete;
+    TemporaryPath& operator=(const TemporaryPath&) = delete;
+
+private:
+    std::optional<std::string> before_;
+};
+
+/// No file may grow beyond the limit, as on a full disk.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit before_{};
+};
+
+dev_t deviceOf(const fs::path& path)
+{
+    struct stat status {
+    };
+    return stat(path.c_str(), &status) == 0 ? status.st_dev : 0;
+}
+
+unsigned int permissionsOf(const fs::path& path)
+{
+    return static_cast<unsigned int>(fs::status(path).permissions());
+}
+
+/// The file names in a directory.
+std::vector<std::string> namesIn(const fs::path& directory)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(directory))
+        names.push_back(entry.path().filename().string());
+    return names;
+}
+
+const std::string longText(300'000, 'x');
+
+/// A target directory, and a temporary directory of its own on the same or on another file system.
+class OutputStreamFiles : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        const bool other = GetParam() == std::string("OtherFileSystem");
+        if (other && !fs::is_directory("/dev/shm"))
+            GTEST_SKIP() << "there is no /dev/shm";
+        temporary_.emplace(other ? fs::path("/dev/shm") : fs::temp_directory_path());
+        if (other && deviceOf(temporary_->path()) == deviceOf(directory_.path()))
+            GTEST_SKIP() << "there is one file system only";
+        environment_.emplace(temporary_->path().string());
+    }
+
+    void write(const std::string& path, const std::string& text)
+    {
+        zelofstream file(path.c_str(), std::ios::out);
+        file.stream() << text;
+    }
+
+    /// The contents of the only file in the temporary directory.
+    std::string onlyTemporaryText()
+    {
+        const auto names = namesIn(temporary_->path());
+        EXPECT_EQ(names.size(), 1u);
+        EXPECT_EQ(names.empty() ? "" : names[0].substr(0, 3), "zel");
+        return names.empty() ? "" : readFile(temporary_->path() / names[0]);
+    }
+
+    TemporaryDirectory directory_;
+    std::string target_ = directory_.file("target.txt");
+    std::optional<TemporaryDirectory> temporary_;
+
+private:
+    std::optional<TemporaryPath> environment_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Temporary, OutputStreamFiles,
+                         testing::Values("SameFileSystem", "OtherFileSystem"),
+                         [](const auto& place) { return std::string(place.param); });
+
+} // namespace
+
+TEST_P(OutputStreamFiles, AreMovedToTheTarget)
+{
+    support::writeFile(target_, "old");
+    {
+        zelofstream file(target_.c_str(), std::ios::out);
+        file.stream() << longText << std::flush;
+        EXPECT_EQ(onlyTemporaryText(), longText);
+    }
+    EXPECT_EQ(readFile(target_), longText);
+    EXPECT_EQ(namesIn(temporary_->path()), std::vector<std::string>());
+    EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>{"target.txt"});
+
+    {
+        zelofstream file(target_.c_str(), std::ios::app);
+        file.stream() << "end";
+    }
+    EXPECT_EQ(readFile(target_), longText + "end");
+}
+
+TEST_P(OutputStreamFiles, GetThePermissionsThatTheUmaskGives)
+{
+    const mode_t before = umask(027);
+    {
+        zelofstream file(target_.c_str(), std::ios::out);
+        file.stream() << "text" << std::flush;
+        EXPECT_EQ(permissionsOf(temporary_->path() / namesIn(temporary_->path()).at(0)), 0600u);
+    }
+    EXPECT_EQ(permissionsOf(target_), 0640u);
+    // Appending replaces the file, so those of the old one are lost.
+    fs::permissions(target_, fs::perms::owner_all);
+    umask(002);
+    {
+        zelofstream file(target_.c_str(), std::ios::app);
+        file.stream() << " and more";
+    }
+    EXPECT_EQ(permissionsOf(target_), 0664u);
+    EXPECT_EQ(readFile(target_), "text and more");
+    umask(before);
+}
+
+TEST_P(OutputStreamFiles, KeepTheTextWhenTheTargetsDirectoryIsMissing)
+{
+    write(directory_.file("missing/target.txt"), longText);
+    EXPECT_EQ(onlyTemporaryText(), longText);
+    EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>());
+}
+
+TEST_P(OutputStreamFiles, KeepTheTextWhenTheTargetIsADirectory)
+{
+    fs::create_directory(target_);
+    write(target_, longText);
+    EXPECT_EQ(onlyTemporaryText(), longText);
+    EXPECT_TRUE(fs::is_directory(target_));
+}
+
+TEST_P(OutputStreamFiles, OfAFullTemporaryDiskAreCommittedCut)
+{
+    support::writeFile(target_, "old");
+    const std::string text = longText + "end";
+    {
+        std::optional<FileSizeLimit> limit;
+        zelofstream file(target_.c_str(), std::ios::out);
+        limit.emplace(100'000);
+        file.stream() << text << std::flush;
+        EXPECT_FALSE(file.stream().good());
+    }
+    const std::string committed = readFile(target_);
+    EXPECT_GT(committed.size(), 0u);
+    EXPECT_LE(committed.size(), 100'000u);
+    EXPECT_EQ(committed, text.substr(0, committed.size()));
+    EXPECT_EQ(namesIn(temporary_->path()), std::vector<std::string>());
+}
+
+TEST_P(OutputStreamFiles, OfAFullTemporaryDiskAreCommittedWhenItIsNoticedAtTheEnd)
+{
+    support::writeFile(target_, "old");
+    {
+        std::optional<FileSizeLimit> limit;
+        zelofstream file(target_.c_str(), std::ios::out);
+        limit.emplace(0);
+        file.stream() << "stays in the buffer until the file is closed";
+        EXPECT_TRUE(file.stream().good());
+    }
+    EXPECT_TRUE(fs::exists(target_));
+    EXPECT_EQ(readFile(target_), "");
+}
+
+TEST_P(OutputStreamFiles, KeepTheWholeTextWhenItDoesNotFitOnTheTargetsDisk)
+{
+    support::writeFile(target_, "old");
+    {
+        std::optional<FileSizeLimit> limit;
+        zelofstream file(target_.c_str(), std::ios::out);
+        file.stream() << longText << std::flush;
+        limit.emplace(100'000);
+    }
+    if (GetParam() == std::string("SameFileSystem")) {
+        EXPECT_EQ(readFile(target_), longText) << "a renamed file needs no room";
+        return;
+    }
+    EXPECT_EQ(onlyTemporaryText(), longText);
+    EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>()) << "the old target is gone";
+}
+
+TEST_P(OutputStreamFiles, KeepTheWholeTextWhenTheTargetsDiskIsFull)
+{
+    // A disk of 64 KiB, which only a child process sees. Its exit code tells what went wrong.
+    enum Result { Good, NotPermitted, PartOfTheTextLeft, OtherFilesLeft };
+    const std::string disk = directory_.file("disk");
+    fs::create_directory(disk);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (unshare(CLONE_NEWNS) != 0 ||
+            mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+            _exit(NotPermitted);
+        support::writeFile(disk + "/target.txt", "old");
+        write(disk + "/target.txt", longText);
+        _exit(fs::exists(disk + "/target.txt") ? PartOfTheTextLeft
+              : namesIn(disk).empty()          ? Good
+                                               : OtherFilesLeft);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == NotPermitted)
+        GTEST_SKIP() << "this user may not mount a disk";
+    EXPECT_EQ(WEXITSTATUS(status), Good);
+    EXPECT_EQ(onlyTemporaryText(), longText);
+}
+
+TEST_P(OutputStreamFiles, StayInTheTemporaryDirectoryWhenTheyDoNotOpen)
+{
+    support::writeFile(target_, "old");
+    {
+        // No file is opened in this mode.
+        const zelofstream file(target_.c_str(), std::ios::app | std::ios::trunc);
+    }
+    EXPECT_EQ(readFile(target_), "old");
+    EXPECT_EQ(onlyTemporaryText(), "old") << "appending had copied the target already";
+}
+
+TEST(OutputStreamWithoutTemporaryDirectory, TakesNothingAndLeavesTheTarget)
+{
+    const support::FreshContext context;
+    const TemporaryDirectory directory;
+    const std::string target = directory.write("target.txt", "old");
+    for (const std::string& missing : {directory.file("missing"), target, std::string(5000, 'x')}) {
+        const TemporaryPath environment(missing);
+        {
+            zelofstream file(target.c_str(), std::ios::out);
+            EXPECT_TRUE(file.stream().bad());
+            file.stream() << "text" << 1.5 << std::endl;
+            EXPECT_TRUE(file.stream().bad());
+        }
+        // The library's own writers pass on what they get.
+        context->output(target);
+        Standard::ActionTypeManager types("");
+        types.giveActionType(Standard::ActionType::Id::G1);
+        types.output(target);
+        EXPECT_EQ(readFile(target), "old");
+        EXPECT_EQ(namesIn(directory.path()), std::vector<std::string>{"target.txt"});
+    }
+}

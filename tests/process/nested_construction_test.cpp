@@ -1,0 +1,60 @@
+// A classification callback calls ZelStandard::get() while the very first settings are being read,
+// so that an inner object is made inside the making of the outer one.
+
+#include <zelstandard/context/ZelStandard.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include <zelsuite/zelsuite.h>
+
+#include "support/Files.h"
+
+using namespace Standard;
+
+namespace
+{
+
+int calls = 0;
+const ZelStandard* inner = nullptr;
+
+void callGet(Classification classification)
+{
+    if (++calls > 1)
+        return;
+    EXPECT_EQ(classification, Classification::BRIDGE);
+    inner = ZelStandard::get();
+    EXPECT_EQ(ZelStandard::get(), inner) << "the inner object is the one until the outer is ready";
+    EXPECT_TRUE(inner->isBridgeClassification()) << "it has read the settings as well";
+    EXPECT_EQ(inner->getServiceClass(), 2);
+    EXPECT_NE(inner->findExposureClass("XC1"), nullptr);
+    ZelStandard::get()->setServiceClass(3);
+    ZelStandard::get()->setAlternativeDBPath("inner.xml");
+}
+
+} // namespace
+
+TEST(NestedConstruction, EndsWithTheOuterObject)
+{
+    const support::TemporaryDirectory installation;
+    std::filesystem::create_directory(installation.path() / "Profiles");
+    zelsuite::setInstallationDirectory(installation.path().string());
+    ZelStandard::get()->addCallbackFunction(&callGet);
+    installation.write("Profiles/Standard.xml",
+                       "<SMOD><SETTINGS><CLASSIFICATION_MODE>BRIDGE</CLASSIFICATION_MODE>"
+                       "<SERVICE_CLASS>2</SERVICE_CLASS></SETTINGS></SMOD>");
+    EXPECT_EQ(calls, 0);
+
+    ZelStandard::kill();
+    ZelStandard* const outer = ZelStandard::get();
+    EXPECT_EQ(calls, 1) << "the inner object calls no callbacks while it is made";
+    EXPECT_NE(outer, inner);
+    EXPECT_EQ(ZelStandard::get(), outer);
+    EXPECT_TRUE(outer->isBridgeClassification());
+    EXPECT_EQ(outer->getServiceClass(), 2) << "what was set on the inner object is gone";
+    EXPECT_NE(outer->getDataBaseDir(), "inner.xml");
+
+    outer->setClassification(Classification::BUILDING);
+    EXPECT_EQ(calls, 2) << "afterwards they are called again";
+}

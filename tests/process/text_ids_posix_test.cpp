@@ -1,0 +1,119 @@
+// A host with texts of its own: the program takes the place of the suite's text library, and each
+// text tells which loader was asked for which id.
+
+#include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/platform/ZelText.h>
+#include <zelstandard/vocabulary/OperatorTexts.h>
+#include <zelstandard/vocabulary/SignificantInstant.h>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "support/Context.h"
+#include "support/Golden.h"
+
+namespace
+{
+
+std::string displayText(unsigned int id) { return "display " + std::to_string(id); }
+
+/// What the display texts are; a test may change it, as a host changes its language.
+std::string (*display)(unsigned int) = &displayText;
+
+} // namespace
+
+std::string ZelTextResource::loadString(unsigned int id) const
+{
+    return "string " + std::to_string(id);
+}
+
+std::string ZelText::Load(unsigned int id) { return display(id); }
+
+std::string ZelText::LoadReport(unsigned int id) { return "report " + std::to_string(id); }
+
+using namespace Standard;
+
+namespace
+{
+
+std::string orEmpty(const std::string& text) { return text.empty() ? "(empty)" : text; }
+
+} // namespace
+
+TEST(TextIds, OfOperatorsCombinationsAndInstants)
+{
+    std::ostringstream table;
+    table << "operator: name, report name\n";
+    for (int value = -1; value <= 5; ++value)
+        table << value << ": " << getOperatorName(static_cast<Operator>(value)) << ", "
+              << getOperatorReportName(static_cast<Operator>(value)) << "\n";
+    table << "\ncombination\n";
+    for (int value = -1; value <= 9; ++value)
+        table << value << ": " << orEmpty(GetCombinationText(static_cast<Combination>(value)))
+              << "\n";
+    table << "\nsignificant instant\n";
+    for (int value = -1; value <= 14; ++value)
+        table << value << ": " << GetSignificantInstantName(static_cast<SignificantInstant>(value))
+              << "\n";
+    support::expectGolden("text_ids_of_words.txt", table.str());
+}
+
+TEST(TextIds, OperatorsAreKnownByTheirStringsAlone)
+{
+    EXPECT_EQ(getOperatorToName("string 4246"), Operator::AND_MINMAX);
+    EXPECT_EQ(getOperatorToName("display 4246"), static_cast<Operator>(-1));
+    EXPECT_EQ(getOperatorToName("report 4246"), static_cast<Operator>(-1));
+}
+
+TEST(TextIds, OfTheContext)
+{
+    const support::FreshContext context;
+    std::ostringstream table;
+    table << "mode\n";
+    for (int mode = -1; mode <= 9; ++mode)
+        table << mode << ": " << orEmpty(context->getStandardText(static_cast<Mode>(mode))) << "\n";
+    table << "\nclassification, material, mode\n";
+    for (const int classification : {1, 2})
+        for (int material = -1; material <= 6; ++material)
+            for (int mode = -1; mode <= 9; ++mode) {
+                const std::string text = context->getStandardDescription(
+                    static_cast<Classification>(classification),
+                    static_cast<DesignMaterial>(material), static_cast<Mode>(mode));
+                if (!text.empty())
+                    table << classification << " " << material << " " << mode << ": " << text
+                          << "\n";
+            }
+    table << "\nrequirement class\n";
+    for (const RequirementClass* requirement : context->getRequirementClasses())
+        table << requirement->getNameAndDescription() << "\n";
+    table << "\nrequirement\n";
+    for (const Requirement* requirement : context->getRequirements())
+        table << requirement->getNameAndDescription() << "\n";
+    support::expectGolden("text_ids_of_context.txt", table.str());
+}
+
+TEST(TextIds, RequirementsAreFoundByTheirTextInAnyLetterCase)
+{
+    const support::FreshContext context;
+    Requirement* const mixed = context->getRequirements().at(3);
+    display = [](unsigned int id) { return " DISPLAY " + std::to_string(id) + " "; };
+    EXPECT_EQ(context->findRequirement(Requirement::Type::TYPE_4), mixed);
+    display = [](unsigned int) { return std::string("another language"); };
+    EXPECT_EQ(context->findRequirement(Requirement::Type::TYPE_4), nullptr);
+    display = &displayText;
+}
+
+TEST(TextIds, RequirementsOfOneTextAreOne)
+{
+    display = [](unsigned int id) {
+        return std::string(id == 7217 ? "PRESTRESS" : id == 7219 ? " prestress" : "concrete");
+    };
+    const support::FreshContext context;
+    display = &displayText;
+    ASSERT_EQ(context->getRequirements().size(), 2u);
+    EXPECT_EQ(context->getRequirements()[0]->getBridgeRequirement(), Requirement::Type::TYPE_1);
+    EXPECT_EQ(context->getRequirements()[1]->getBridgeRequirement(), Requirement::Type::TYPE_2);
+    EXPECT_EQ(context->getRequirementClasses().size(), 6u) << "these go by their letters";
+}
