@@ -96,9 +96,8 @@ class Reader:
         self.faults.append(f"{element.path}:{element.line}: {what}")
 
     def value(self, element, what, origins):
-        """@param origins (source, status) pairs; of each the first that is present counts"""
-        source = next((source for source, _ in origins if source), None)
-        status = next((status for _, status in origins if status), None)
+        """Of the origins, pairs of source and status, the first that is present counts."""
+        source, status = next((origin for origin in origins if any(origin)), (None, None))
         if source is None or status is None:
             self.fault(element, f"{what} has no {'status' if source else 'source'}")
         else:
@@ -230,8 +229,8 @@ class Reader:
             if value.name not in names:
                 self.fault(value, f"{table} has a {value.name} instead of one of {names}")
             values[value.name] = self.value(value, f"{value.name} of {table}",
-                                            [(value.get("SOURCE"), value.get("STATUS")),
-                                             (annex.get("SOURCE"), annex.get("STATUS"))])
+                                            [(value.get("SOURCE") or annex.get("SOURCE"),
+                                              value.get("STATUS") or annex.get("STATUS"))])
         return values
 
 

@@ -13,6 +13,14 @@ foreach(path ${windows_runtime})
         message(FATAL_ERROR "no ${path}; install the packages of the group windows in packages.txt")
     endif()
 endforeach()
+# Their terms, and those of pugixml, which zelsuite.dll holds.
+set(windows_licences)
+foreach(package gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev libgcrypt-mingw-w64-dev
+        libgpg-error-mingw-w64-dev)
+    list(APPEND windows_licences /usr/share/doc/${package}/copyright)
+endforeach()
+list(APPEND windows_licences
+    ${PROJECT_SOURCE_DIR}/build/windows-dependencies/openimageio/usr/share/doc/libopenimageio-dev/copyright)
 file(COPY ${windows_runtime} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} FOLLOW_SYMLINK_CHAIN)
 
 # Name, version and description of a DLL, as Windows shows them among the properties of the file.

@@ -26,8 +26,26 @@ protected:
         file.stream() << text;
     }
 
+    /// Removes the files in the system's temporary directory that hold kept_; how many there were.
+    int takeKeptFiles()
+    {
+        int count = 0;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
+            const std::string name = entry.path().filename().string();
+            if (name.starts_with("zel") && entry.is_regular_file() &&
+                readFile(entry.path()) == kept_) {
+                std::filesystem::remove(entry.path());
+                ++count;
+            }
+        }
+        return count;
+    }
+
     TemporaryDirectory directory_;
     std::string target_ = directory_.file("target.txt");
+    /// A text that no other test writes.
+    std::string kept_ = directory_.path().string();
 };
 
 } // namespace
@@ -103,26 +121,28 @@ TEST_F(OutputStream, CommitsEvenAfterAFailedWrite)
     EXPECT_EQ(readFile(target_), "text");
 }
 
-TEST_F(OutputStream, LeavesNoTargetInAMissingDirectory)
+TEST_F(OutputStream, KeepsItsTextInTheTemporaryDirectoryWhenTheTargetsIsMissing)
 {
-    write(directory_.file("missing/target.txt"), "text");
+    write(directory_.file("missing/target.txt"), kept_);
     EXPECT_FALSE(std::filesystem::exists(directory_.file("missing")));
+    EXPECT_EQ(takeKeptFiles(), 1);
 }
 
 TEST_F(OutputStream, LeavesADirectoryThatHasTheTargetsName)
 {
     std::filesystem::create_directories(directory_.path() / "target.txt" / "inner");
-    write(target_, "text");
+    write(target_, kept_);
     EXPECT_TRUE(std::filesystem::is_directory(directory_.path() / "target.txt" / "inner"));
     // One without contents stays too.
     std::filesystem::remove(directory_.path() / "target.txt" / "inner");
-    write(target_, "text");
+    write(target_, kept_);
     EXPECT_TRUE(std::filesystem::is_directory(target_));
+    EXPECT_EQ(takeKeptFiles(), 2);
 }
 
 TEST_F(OutputStream, TakesNothingWhenItsFileDoesNotOpen)
 {
-    support::writeFile(target_, "old");
+    support::writeFile(target_, kept_);
     {
         // No file is opened in this mode.
         zelofstream file(target_.c_str(), std::ios::app | std::ios::trunc);
@@ -131,7 +151,8 @@ TEST_F(OutputStream, TakesNothingWhenItsFileDoesNotOpen)
         file.stream().flush();
         EXPECT_FALSE(file.stream().good());
     }
-    EXPECT_EQ(readFile(target_), "old");
+    EXPECT_EQ(readFile(target_), kept_);
+    EXPECT_EQ(takeKeptFiles(), 1) << "appending had copied the target already";
 }
 
 TEST_F(OutputStream, IsDestroyedQuietlyWhenItsUserAskedForExceptions)

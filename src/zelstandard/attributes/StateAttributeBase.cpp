@@ -94,6 +94,7 @@ std::string StateAttributeBase::getPersistenceStringFromToken(StateAttributeToke
     return row ? row->word : "";
 }
 
+// By value, as callers know it. NOLINTNEXTLINE(performance-unnecessary-value-param)
 StateAttributeToken StateAttributeBase::getTokenFromPersistenceString(std::string word)
 {
     return XMLUtil::get()->getStateAttrTokenToString(word);
