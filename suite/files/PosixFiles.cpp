@@ -85,7 +85,7 @@ std::string folderOf(const std::string& path)
 /// Where a path leads whose names may be parted by "\": see WindowsFiles.h.
 std::string resolved(const char* path)
 {
-    const std::string written = path ? path : "";
+    std::string written = path ? path : "";
     if (written.find('\\') == std::string::npos)
         return written;
     std::string inFolder = written;

@@ -13,9 +13,9 @@ import tempfile
 HOST = pathlib.Path(__file__).parent.parent / "windows" / "consumer"
 
 
-def run(*command, **more):
-    done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
-                          timeout=300, check=False, **more)
+def run(*command, seconds=300, **more):
+    done = subprocess.run([str(word) for word in command], capture_output=True, encoding="utf-8",
+                          timeout=seconds, check=False, **more)
     if done.returncode != 0:
         sys.exit(f"{' '.join(map(str, command))}: exit {done.returncode}\n"
                  f"{done.stdout}{done.stderr}")

@@ -19,7 +19,7 @@ public:
     StateAttributeValidator() = default;
     StateAttributeValidator(const StateAttributeValidator&) = default;
     StateAttributeValidator& operator=(const StateAttributeValidator&) { return *this; }
-    StateAttributeValidator& operator=(StateAttributeValidator&&) { return *this; }
+    StateAttributeValidator& operator=(StateAttributeValidator&&) noexcept { return *this; }
 
     /// False for null.
     [[nodiscard]] static bool isAttributeActive(const StateAttribute* attribute);

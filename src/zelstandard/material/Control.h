@@ -31,7 +31,7 @@ public:
     Control() = default;
     Control(const Control&) = default;
     Control& operator=(const Control&) { return *this; }
-    Control& operator=(Control&&) { return *this; }
+    Control& operator=(Control&&) noexcept { return *this; }
 
     [[nodiscard]] static double getGamma(Mode mode);          ///< global factor; 1.75, others 1.0
     [[nodiscard]] static double getGammaFactor(Mode mode);    ///< 1.2, others 1.0
