@@ -40,7 +40,8 @@ ZELSTANDARD_API int ZelStandardInitialiseFile(const char* path);
  * count:     the number of doubles that values can hold; at least 9.
  *
  * Returns 1 when the factors were written; 0 when nothing is loaded, a pointer is null, count is
- * less than 9, a word is unknown, or the type has no factors for the code and the structure.
+ * less than 9, the action or code is unknown, or the type has no factors for the code and the
+ * structure.
  */
 ZELSTANDARD_API int ZelStandardGetCombValues(const char* actionType, const char* mode,
                                              const char* structure, double* values, size_t count);

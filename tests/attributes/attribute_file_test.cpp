@@ -309,9 +309,14 @@ TEST(AttributeFile, IsWrittenIntoATreeSoThatItReadsBack)
          "STATEATTRIBUTES(" + newSnow + " " + newWind + ")"                                                                                                                      },
         {"a set in an unknown element",
          list(snow("<ANY><STANDARD><CSN/></STANDARD></ANY><BRIDGETYPE/>")),
-         "STATEATTRIBUTES(STATEATTRIBUTE[SNOW](ANY(STANDARD(EC)) BRIDGETYPE(ROADWAY) "
+         "STATEATTRIBUTES(STATEATTRIBUTE[SNOW](ANY BRIDGETYPE(ROADWAY) "
          "ACTIONTYPE=SNOW OPERATOR=AND TYPE=DEFAULT LOAD_TYPE=UNDEFINED CLASSIFICATION "
-         "EXCLGROUP=1 COMBGROUP=0) " +
+         "STANDARD(EC) EXCLGROUP=1 COMBGROUP=0) " +
+             newWind + ")"                                                                                                                                                       },
+        {"a set inside of another",
+         list(snow("<BRIDGETYPE><RAILWAY1><STANDARD/></RAILWAY1></BRIDGETYPE>")),
+         "STATEATTRIBUTES(STATEATTRIBUTE[SNOW](BRIDGETYPE(ROADWAY) ACTIONTYPE=SNOW OPERATOR=AND "
+         "TYPE=DEFAULT LOAD_TYPE=UNDEFINED CLASSIFICATION STANDARD(EC) EXCLGROUP=1 COMBGROUP=0) " +
              newWind + ")"                                                                                                                                                       },
         {"children twice",                                     list(snow("<EXCLGROUP>5</EXCLGROUP><EXCLGROUP>6</EXCLGROUP>")),
          "STATEATTRIBUTES(STATEATTRIBUTE[SNOW](EXCLGROUP=1 EXCLGROUP=6 ACTIONTYPE=SNOW "
@@ -372,7 +377,7 @@ TEST(AttributeFile, IsWrittenIntoTheRulesThatStandInFront)
     EXPECT_EQ(outline(tree.getRoot()),
               "SMOD(INSTRUCTION(STATEATTRIBUTES(ANY[WIND] STATEATTRIBUTE[SNOW](ACTIONTYPE=NONE "
               "OPERATOR=- TYPE=DEFAULT LOAD_TYPE=UNDEFINED CLASSIFICATION STANDARD BRIDGETYPE "
-              "EXCLGROUP=0 COMBGROUP=0))) STATEATTRIBUTES)")
+              "EXCLGROUP=0 COMBGROUP=0))))")
         << "the list that the writer opened at the end stays empty";
     Attributes read;
     read->init(tree);

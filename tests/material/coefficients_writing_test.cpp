@@ -196,7 +196,7 @@ const Existing existing[] = {
      R"(<SMOD><COEFFICIENTS><CONCRETE><GAMMA_C><ANNEX NAME="BS"><PERSISTENT>1.9</PERSISTENT></ANNEX>
           </GAMMA_C></CONCRETE><GAMMA_C><ANNEX NAME="BS"><PERSISTENT>2.9</PERSISTENT></ANNEX>
           </GAMMA_C></COEFFICIENTS></SMOD>)",
-     {"<CONCRETE>"},
+     {"<CONCRETE"},
      {"1.9<"}                                                                                                                                                                                    },
     {"coefficients that stand deeper",
      R"(<PROFILE><CODES><COEFFICIENTS><GAMMA_C>
@@ -245,6 +245,34 @@ TEST_F(CoefficientsWriting, IntoAnExistingTreeIsReadAgainAlike)
         Coefficients::get()->output(tree);
         EXPECT_EQ(raw(tree), document) << "writing again changes nothing";
     }
+}
+
+TEST_F(CoefficientsWriting, KeepsAValueThatRepeatsEurocodesWithWhatStandsBesideIt)
+{
+    for (const Mode mode : Coefficients::get()->getSupportedModes())
+        Coefficients::get()->setGammaS(mode, Standard::DesignSituation::PERSISTENT, 1.15);
+    ZelXmlTree tree;
+    build(tree, R"(<COEFFICIENTS><GAMMA_S><ANNEX NAME="EC"/>
+        <ANNEX NAME="SIA"><PERSISTENT SOURCE="SIA 262">1.15</PERSISTENT></ANNEX>
+        <ANNEX NAME="BS"><PERSISTENT SOURCE="stale">1.25</PERSISTENT></ANNEX>
+        </GAMMA_S></COEFFICIENTS>)");
+    Coefficients::get()->output(tree);
+    EXPECT_EQ(count(raw(tree), "SIA 262"), 1U);
+    EXPECT_EQ(count(raw(tree), "stale"), 0U);
+}
+
+// The inner table would go with the outer one's annex.
+TEST_F(CoefficientsWriting, WritesATableThatStoodInsideOfAnother)
+{
+    setMixedValues();
+    const std::string before = values();
+    ZelXmlTree tree;
+    build(tree, R"(<COEFFICIENTS><ALPHA_CC><X NAME="BS"><GAMMA_A/></X></ALPHA_CC></COEFFICIENTS>)");
+    Coefficients::get()->output(tree);
+    const std::string document = raw(tree);
+    clearCoefficients();
+    readCoefficients(document);
+    EXPECT_EQ(values(), before);
 }
 
 TEST_F(CoefficientsWriting, UpdatesTheElementsThatATreeHolds)

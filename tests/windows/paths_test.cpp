@@ -118,9 +118,10 @@ TEST(WindowsPath, OpensAsItIsWritten)
 {
     const TemporaryDirectory directory;
     const std::string umlauts = ansi(L"Gr\u00f6\u00dfe \u00dcbung");
-    ASSERT_FALSE(umlauts.empty()) << "code page " << GetACP() << " has no umlauts";
     const std::string root = directory.path().string();
     for (const std::string& folder : {std::string("plain"), std::string("two  words"), umlauts}) {
+        if (folder.empty())
+            GTEST_SKIP() << "code page " << GetACP() << " has no umlauts; all else was tried";
         CreateDirectoryA((root + "\\" + folder).c_str(), nullptr);
         for (const char* before : {"\\", "/"}) {
             for (const char* between : {"\\", "/", "\\\\", "\\.\\"}) {
@@ -178,9 +179,8 @@ TEST(SharedFile, OpensUnlessItsHolderSharesNothing)
     }
 }
 
-// On Windows a path that opens by its short form alone is one that a program makes too long, by a
-// working directory far down the tree. Wine opens such a path at once, so the kernel's answers are
-// given here.
+// On Windows a path longer than MAX_PATH may open by its short form alone. Wine opens it at once
+// and knows no short form of it, so the kernel's answers are given here.
 
 namespace
 {

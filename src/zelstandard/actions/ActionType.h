@@ -84,7 +84,7 @@ public:
     void setCrackRed(double value);
 
     /// Gamma times the crack reduction, for concrete and for precast girders with in-situ concrete
-    /// and only for a gamma above 0.99: a favourable factor is never reduced. Else gamma as it
+    /// and only for a gamma above 0.99: one of 0.99 or less is never reduced. Else gamma as it
     /// stands; 1.0 without a set in force.
     [[nodiscard]] double getGammaSupReduced() const;
     [[nodiscard]] double getGammaInfReduced() const;

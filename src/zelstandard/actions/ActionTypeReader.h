@@ -32,9 +32,11 @@ class SafetyFactors;
 /// EC, for all sets that the annex has at that point. Every set that is named takes crack reduction
 /// 1.0 unless a DEFAULT or its own CrackRed gives another.
 ///
-/// Only ACTIONTYPES (anywhere), ANNEXES and the value elements go by their element names; the
-/// others go by their attribute NAME alone. A type that occurs twice yields two entries. Nothing is
-/// reported: what is missing is skipped, unknown words become what XMLUtil gives for them.
+/// ACTIONTYPES (at any depth), ACTIONGROUP, LOADDURATION, ANNEXES (at any depth) and the value
+/// elements go by their element names; types, annexes and sets go by their attribute NAME alone. A
+/// negative value counts as not given in a DEFAULT and is taken as it is in a named set. A type
+/// that occurs twice yields two entries. Nothing is reported: what is missing is skipped, unknown
+/// words become what XMLUtil gives for them.
 class ZELSTANDARD_API ActionTypeReader
 {
 public:

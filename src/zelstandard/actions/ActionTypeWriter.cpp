@@ -79,16 +79,7 @@ void ActionTypeWriter::writeXml(std::ostream& stream)
 
 void ActionTypeWriter::writeXml(ZelXmlTree& tree)
 {
-    const auto find = [&] {
-        return ZelXmlData::findTree(tree.getRoot(), Label::ActionTypes, true);
-    };
-    if (!find()) {
-        tree.open(rootElement, false);
-        tree.open(Label::ActionTypes, false);
-        tree.close();
-        tree.close();
-    }
-    writeActionTypes(find());
+    writeActionTypes(giveElement(tree, {rootElement, Label::ActionTypes}));
 }
 
 void ActionTypeWriter::writeActionTypes(ZelXmlData* parent)

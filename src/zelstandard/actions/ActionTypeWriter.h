@@ -20,13 +20,14 @@ class SafetyFactors;
 /// The document cannot hold everything: gammas and psis are rounded to two decimals, crack
 /// reduction to three; codes are written but SIA; a set for FOOTBRIDGE2 is compared but never
 /// written; an annex whose sets all equal those of EC within 1e-7 is written empty, so a set that
-/// has no twin under EC is lost with it; of two types of one identity the last is written. All this
-/// is wanted.
+/// has no twin under EC is lost with it; of two types of one identity the last is written; sets
+/// without a structure or code, and what has no word, come back as unknown or not at all, and so do
+/// values that are no finite numbers. All this is wanted.
 ///
 /// Written into a tree that holds action types already, their elements are updated in place:
-/// unknown content, comments and the annex of SIA stay, and what would give another value when read
-/// again (DEFAULT elements, sets and annexes that the type does not have, repeated elements) is
-/// removed.
+/// unknown content, comments, the annex of SIA, sets of unknown names and types that the catalogue
+/// does not have stay, and what would give another value when read again (DEFAULT elements, sets
+/// and annexes that the type does not have, repeated elements) is removed.
 class ZELSTANDARD_API ActionTypeWriter
 {
 public:

@@ -50,10 +50,7 @@ void StateAttributeWriter::writeXML(std::ostream& stream)
 
 void StateAttributeWriter::writeXML(ZelXmlTree& tree)
 {
-    tree.open(Label::StateAttributes, false);
-    tree.close();
-    writeStateAttributes(ZelXmlData::findTree(tree.getRoot(), Label::StateAttributes, true));
-    tree.close();
+    writeStateAttributes(giveElement(tree, {Label::StateAttributes}));
 }
 
 void StateAttributeWriter::writeStateAttributes(ZelXmlData* parent)

@@ -2,6 +2,7 @@
 
 #include <zelstandard/context/ZelStandard.h>
 #include <zelstandard/datafiles/DataFile.h>
+#include <zelstandard/datafiles/XmlDocument.h>
 #include <zelstandard/datafiles/zelofstream.h>
 #include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/vocabulary/Constants.h>
@@ -45,9 +46,7 @@ void IO::read(ZelXmlData* root, ZelStandard* standard)
 
 void IO::write(ZelXmlTree& tree, const ZelStandard* standard)
 {
-    tree.open(Label::Settings, false);
-    tree.close();
-    ZelXmlData* settings = ZelXmlData::findTree(tree.getRoot(), Label::Settings, true);
+    ZelXmlData* settings = giveElement(tree, {Label::Settings});
     const auto set = [&](const char* name, const auto& value) {
         if (ZelXmlData* child = ZelXmlData::openChild(settings, name, false))
             ZelXmlData::setData(child, value);
@@ -66,7 +65,7 @@ void IO::write(ZelXmlTree& tree, const ZelStandard* standard)
 void IO::write(const std::string& path, const ZelStandard* standard)
 {
     ZelXmlTree tree;
-    tree.open("SMOD", false);
+    tree.open(rootElement, false);
     write(tree, standard);
     zelofstream file(path.c_str(), std::ios::out);
     tree.putToStream(file.stream(), true);

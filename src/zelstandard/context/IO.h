@@ -34,8 +34,8 @@ public:
     /// service class other than 1, 2 and 3 sets 1.
     static void read(ZelXmlData* root, ZelStandard* standard);
 
-    /// Adds the settings to the open element of a tree, or updates those that it holds; everything
-    /// else in the tree stays.
+    /// Updates the first SETTINGS of a tree, or adds one to the element that is open in it;
+    /// everything else in the tree stays.
     static void write(ZelXmlTree& tree, const ZelStandard* standard);
 
     /// Replaces the whole file by one that holds the settings alone.

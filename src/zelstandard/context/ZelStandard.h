@@ -67,7 +67,8 @@ public:
     void setServiceClass(int value) { serviceClass_ = value; }
 
     /// Registers a function to be told of a new classification, for the life of the process; once,
-    /// however often it is given. Null is taken and never called.
+    /// however often it is given. Null is taken and never called. While a settings file is read the
+    /// function sees the new mode, and the other settings still as they were.
     void addCallbackFunction(ClassificationCallback function);
 
     [[nodiscard]] bool isBuildingClassification() const;
@@ -107,7 +108,8 @@ public:
     [[nodiscard]] const std::vector<Standard::Requirement*>& getRequirements() const;
     [[nodiscard]] const std::vector<Standard::ExposureClass*>& getExposureClasses() const;
 
-    // Each gives null when there is none. Letters and names are compared exactly.
+    // Each gives null when there is none. Letters and names are compared exactly; requirements by
+    // their text, so in the language at the creation of this object.
 
     [[nodiscard]] Standard::RequirementClass* findRequirementClass(char name) const;
     [[nodiscard]] Standard::Requirement* findRequirement(Standard::Requirement::Type type) const;

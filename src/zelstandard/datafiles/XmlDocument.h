@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -51,8 +52,12 @@ private:
 /// missing.
 ZelXmlData* giveNamedChild(ZelXmlData* parent, const char* element, const std::string& name);
 
-/// The first element of that name at or below the parent, as readers find it; else a new last
-/// child.
+/// /// The element of the last name, the first in the document, as readers find it; else a new one,
+/// each name inside the one before. No element is left open.
+ZelXmlData* giveElement(ZelXmlTree& tree, std::initializer_list<const char*> path);
+
+/// The first child of that name, created at the end when missing. Readers look for it at any depth,
+/// so elements of that name that stand in front of it below other children are removed.
 ZelXmlData* giveTree(ZelXmlData* parent, const char* element);
 
 /// Sets the text or number of the first child of that name, created when missing.

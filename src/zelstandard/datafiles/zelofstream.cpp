@@ -6,6 +6,8 @@
 
 zelofstream::zelofstream(const char* path, std::ios::openmode mode)
 {
+    if (!path)
+        return;
     std::array<char, 4096> directory{};
     const DWORD length = GetTempPathA(directory.size(), directory.data());
     if (length == 0 || length >= directory.size())

@@ -14,11 +14,11 @@
 /// to its name, without looking at the result of either and even after a failed write: this is
 /// wanted, and it means that a full temporary disk commits a truncated text, and that a target that
 /// cannot be written is gone while the text stays in the temporary directory. A stream without
-/// anything written leaves an empty target.
+/// anything written leaves an empty target. A target that is a symbolic link is replaced by a file.
 class ZELSTANDARD_API zelofstream
 {
 public:
-    /// @param path the target
+    /// @param path the target; null sets up no stream
     /// @param mode std::ios::app continues the target's present contents
     zelofstream(const char* path, std::ios::openmode mode);
 
@@ -28,8 +28,8 @@ public:
     zelofstream(const zelofstream&) = delete;
     zelofstream& operator=(const zelofstream&) = delete;
 
-    /// The stream to write to. When no temporary file could be made it takes nothing, is in a bad
-    /// state, and nothing is committed.
+    /// The stream to write to. When no temporary file could be made or opened it takes nothing, is
+    /// in a bad state, and nothing is committed; a temporary file that did not open stays behind.
     [[nodiscard]] std::ostream& stream();
 
 private:

@@ -112,6 +112,8 @@ StateAttributeBase*
 StateInstructionManager::stateInstructionGiveAttribute(StateInstruction* instruction,
                                                        StateAttributeToken token, Operator value)
 {
+    if (!instruction)
+        return nullptr;
     if (StateAttributeBase* attribute = instruction->findAttributeToToken(token))
         return attribute;
     auto made = std::make_unique<StateAttributeBase>(token, value);

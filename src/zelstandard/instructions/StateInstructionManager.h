@@ -57,7 +57,8 @@ public:
     getStateInstructions(SuperpositionTemplate id) const;
 
     /// The instruction's attribute of that token: an existing one as it is, whatever its operator,
-    /// else a new one with the types that the attribute catalogue knows for the token.
+    /// else a new one with the types that the attribute catalogue knows for the token. Null for
+    /// null.
     StateAttributeBase* stateInstructionGiveAttribute(StateInstruction* instruction,
                                                       StateAttributeToken token, Operator value);
 

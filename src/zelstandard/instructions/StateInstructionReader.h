@@ -34,7 +34,8 @@ class StateInstructionManager;
 class ZELSTANDARD_API StateInstructionReader
 {
 public:
-    /// The catalogue is not owned. One reader serves one document: its blocks go with it.
+    /// The catalogue is not owned. One reader serves one document: its blocks stay as long as it
+    /// does.
     explicit StateInstructionReader(StateInstructionManager* manager);
     ~StateInstructionReader();
     StateInstructionReader(const StateInstructionReader&) = delete;

@@ -84,6 +84,14 @@ public:
     }
 
 private:
+    /// True when the element's text gives the value.
+    static bool reads(const ZelXmlData* element, double value)
+    {
+        double given = 0.0;
+        ZelXmlDataUtil::readValToChild(element, given);
+        return std::fabs(given - value) <= tolerance;
+    }
+
     void writeValue(ZelXmlData* annex, Mode mode, Key key) const
     {
         const std::string word = wordOf(key);
@@ -91,8 +99,9 @@ private:
         if (mode == Mode::EC || std::fabs(difference) > tolerance)
             ZelXmlDataUtil::setChildData(annex, word.c_str(), value(mode, key), "%.2f");
         else
-            removeChildren(
-                annex, [&](const ZelXmlData* child) { return ZelXmlData::getName(child) == word; });
+            removeChildren(annex, [&](const ZelXmlData* child) {
+                return ZelXmlData::getName(child) == word && !reads(child, value(mode, key));
+            });
     }
 
     std::map<Mode, std::map<Key, double>> values_;
@@ -301,9 +310,7 @@ void Coefficients::input(ZelXmlData* element)
 
 void Coefficients::output(ZelXmlTree& tree)
 {
-    tree.open(Label::Coefficients, false);
-    tree.close();
-    ZelXmlData* coefficients = ZelXmlData::findTree(tree.getRoot(), Label::Coefficients, true);
+    ZelXmlData* coefficients = giveElement(tree, {Label::Coefficients});
     tables_->inWritingOrder([&](const char* name, const auto& table) {
         table.write(giveTree(coefficients, name), tables_->supportedModes);
     });

@@ -42,27 +42,28 @@ public:
     Coefficients& operator=(const Coefficients&) = delete;
     ~Coefficients();
 
-    [[nodiscard]] double getGammaS(Mode mode,
-                                   DesignSituation situation) const; ///< reinforcing steel
-    [[nodiscard]] double getGammaC(Mode mode, DesignSituation situation) const; ///< concrete
-    [[nodiscard]] double getGammaA(Mode mode,
-                                   DesignSituation situation) const; ///< structural steel
-    [[nodiscard]] double getGammaT(Mode mode, DesignSituation situation) const; ///< timber
-    [[nodiscard]] double getGammaF(Mode mode, DesignSituation situation) const; ///< fatigue load
-    [[nodiscard]] double
-    getGammaR(Mode mode,
-              DesignSituation situation) const; ///< global resistance of non-linear analysis
-    [[nodiscard]] double getGammaRV(Mode mode,
-                                    DesignSituation situation) const; ///< ground: bearing
-    [[nodiscard]] double getGammaRH(Mode mode,
-                                    DesignSituation situation) const; ///< ground: sliding
-    [[nodiscard]] double getGammaRE(Mode mode,
-                                    DesignSituation situation) const; ///< ground: earth resistance
-    [[nodiscard]] double getAlphaCC(Mode mode, Classification classification)
-        const; ///< long-term effects on the compressive strength of concrete
-    [[nodiscard]] double
-    getAlphaCT(Mode mode,
-               Classification classification) const; ///< the same on its tensile strength
+    /// Reinforcing steel.
+    [[nodiscard]] double getGammaS(Mode mode, DesignSituation situation) const;
+    /// Concrete.
+    [[nodiscard]] double getGammaC(Mode mode, DesignSituation situation) const;
+    /// Structural steel.
+    [[nodiscard]] double getGammaA(Mode mode, DesignSituation situation) const;
+    /// Timber.
+    [[nodiscard]] double getGammaT(Mode mode, DesignSituation situation) const;
+    /// Fatigue load.
+    [[nodiscard]] double getGammaF(Mode mode, DesignSituation situation) const;
+    /// Global resistance of non-linear analysis.
+    [[nodiscard]] double getGammaR(Mode mode, DesignSituation situation) const;
+    /// Bearing resistance of the ground.
+    [[nodiscard]] double getGammaRV(Mode mode, DesignSituation situation) const;
+    /// Sliding resistance of the ground.
+    [[nodiscard]] double getGammaRH(Mode mode, DesignSituation situation) const;
+    /// Earth resistance.
+    [[nodiscard]] double getGammaRE(Mode mode, DesignSituation situation) const;
+    /// Long-term effects on the compressive strength of concrete.
+    [[nodiscard]] double getAlphaCC(Mode mode, Classification classification) const;
+    /// Long-term effects on the tensile strength of concrete.
+    [[nodiscard]] double getAlphaCT(Mode mode, Classification classification) const;
 
     // Keys are not checked; files hold the situations and classifications that are members, for the
     // codes EC to DIN-EN.
@@ -88,8 +89,9 @@ public:
     void input(ZelXmlData* element);
 
     /// Writes into a tree. EC is written in full, the other codes where they differ from EC by more
-    /// than 1e-7; two decimals. Unknown content of the tree stays; what would give another value
-    /// when read again is removed.
+    /// than 1e-7; two decimals. A value up to 1e-7 is lost where EC has a greater one. Unknown
+    /// content of the tree stays; what would give another value when read again is removed, and the
+    /// annex EC moves to the front.
     void output(ZelXmlTree& tree);
     /// Replaces the whole file by one that holds the coefficients alone.
     void output(const std::string& fileName);

@@ -63,10 +63,14 @@ void readFile(const std::string& fileName, std::map<int, Record>& records)
 std::map<int, Record>& records()
 {
     static std::map<int, Record> table;
+    if (!table.empty())
+        return table;
+    // Making the context may call a callback that comes here first.
+    const std::string path = ZelStandard::get()->getDataBaseDir();
     if (table.empty()) {
         table[2] = {1.75, 1.2, 0.0, 0.0, 0.0, true};
         table[1] = {1.0, 1.0, 0.0, 0.0, 0.0, false};
-        readFile(ZelStandard::get()->getDataBaseDir(), table);
+        readFile(path, table);
     }
     return table;
 }
@@ -108,10 +112,7 @@ void Control::input(const ZelXmlTree& tree) { readTree(tree, records()); }
 
 void Control::output(ZelXmlTree& tree)
 {
-    tree.open(rootElement, false);
-    tree.open(Label::StressBlock, false);
-    tree.close();
-    ZelXmlData* block = ZelXmlData::findTree(tree.getRoot(), Label::StressBlock, true);
+    ZelXmlData* block = giveElement(tree, {rootElement, Label::StressBlock});
     std::vector<const ZelXmlData*> written;
     for (const Mode mode : {Mode::EC, Mode::DIN_1988}) {
         ZelXmlData* annex =
@@ -130,7 +131,6 @@ void Control::output(ZelXmlTree& tree)
                 ZelXmlData::findChild(child, Label::Eta) ||
                 ZelXmlData::findChild(child, Label::Lambda));
     });
-    tree.close();
 }
 
 void Control::output(const std::string& fileName)

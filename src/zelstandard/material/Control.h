@@ -51,8 +51,8 @@ public:
     static void input(const std::string& fileName);
     static void input(const ZelXmlTree& tree);
 
-    /// Writes into a tree: the annexes EC and DIN-1988, and no other, whatever was read. Unknown
-    /// content of the tree stays.
+    /// Writes into a tree: the annexes EC and DIN-1988, and no other, whatever was read; a value up
+    /// to 1e-7 is passed over when it is read again. Unknown content of the tree stays.
     static void output(ZelXmlTree& tree);
     /// Replaces the whole file by one that holds the control values alone.
     static void output(const std::string& fileName);
