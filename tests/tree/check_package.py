@@ -55,7 +55,7 @@ def answers(root, programs, wine):
     texts.append(changed.read_text(encoding="utf-8"))
     changed.unlink()
     # The other programs at least start.
-    for program in sorted((root / "bin").glob("*" + (suffix or ""))):
+    for program in sorted((root / "bin").glob("*" + suffix)):
         if program.suffix == suffix and program.stem not in {name for name, *_ in EXAMPLES}:
             run(*prefix, program, "--help", cwd=root, env=wine)
     return texts
@@ -70,7 +70,7 @@ def is_whole(root):
                    f"{path} holds a path of the machine that built it")
 
 
-def archive_for_linux(package, work):
+def archive_for_linux(package, version, work):
     shutil.unpack_archive(package, work)
     root = only(work, "*")
     is_whole(root)
@@ -78,8 +78,10 @@ def archive_for_linux(package, work):
     run("cmake", "-S", root / "share/doc/zelstandard/examples", "-B", work / "examples",
         f"-DCMAKE_PREFIX_PATH={root}")
     run("cmake", "--build", work / "examples")
-    flags = run("pkg-config", "--cflags", "--libs", "zelstandard",
-                env=dict(os.environ, PKG_CONFIG_PATH=str(root / "lib/pkgconfig"))).split()
+    search = dict(os.environ, PKG_CONFIG_PATH=str(root / "lib/pkgconfig"))
+    found = run("pkg-config", "--modversion", "zelstandard", env=search).strip()
+    ensure(found == version, f"pkg-config knows {found} in the package of {version}")
+    flags = run("pkg-config", "--cflags", "--libs", "zelstandard", env=search).split()
     run("gcc", "-std=c99", SOURCE / "examples/flat.c", *flags, f"-Wl,-rpath,{root}/lib",
         "-o", work / "flat")
     run(work / "flat", f"{root}/{DATA}/ActionTypes.xml")
@@ -87,7 +89,9 @@ def archive_for_linux(package, work):
 
 
 def package_of_debian(package, version, work):
-    field = lambda name: run("dpkg-deb", "-f", package, name).strip()
+    def field(name):
+        return run("dpkg-deb", "-f", package, name).strip()
+
     ensure(field("Version") == version and field("Architecture") == "amd64",
            f"{package} is for {field('Version')} {field('Architecture')}")
     depends = re.findall(r"[\w.+-]+(?= \()", field("Depends"))
@@ -128,7 +132,7 @@ def main():
         places = [pathlib.Path(directory) / name for name in ("tar", "deb", "zip")]
         for place in places:
             place.mkdir()
-        expected = archive_for_linux(linux, places[0])
+        expected = archive_for_linux(linux, version, places[0])
         ensure(package_of_debian(only(packages, "*.deb"), version, places[1]) == expected,
                "the programs of the Debian package answer otherwise than those of the archive")
         ensure(archive_for_windows(windows, places[2]) == expected,
