@@ -48,10 +48,16 @@ void print(const StateAttributeManager& attributes, const StateInstructionManage
                 materials.getAlphaCC(mode, standard.getClassification()),
                 Control::getCompressionEta(mode), Control::getCompressionLambda(mode));
 
-    std::printf("operator, gamma sup / inf, psi0 psi1 psi2, attribute\n");
-    for (const StateInstruction* rule : rules.getStateInstructions(rules.getCurrentTemplateID()))
-        if (rule->isType(InstructionType::FUNDAMENTAL))
-            print(*rule, attributes);
+    const SuperpositionTemplate current = rules.getCurrentTemplateID();
+    std::printf("rules:");
+    for (const StateInstruction* rule : rules.getStateInstructions(current))
+        if (rule->getType() < InstructionType::ELM4_11) // the twenty fatigue lorries come after
+            std::printf(" %s;", rule->getName().c_str());
+    std::printf("\noperator, gamma sup / inf, psi0 psi1 psi2, attribute\n");
+    if (const auto* rule = rules.findStateInstruction(InstructionType::FUNDAMENTAL, current))
+        print(*rule, attributes);
+    if (const auto* rule = rules.findStateInstruction(InstructionType::FATIGUE, current))
+        print(*rule, attributes);
 }
 
 } // namespace

@@ -6,10 +6,23 @@ using Standard::ActionType;
 using Standard::ActionTypeManager;
 using support::contents;
 using support::readCatalogue;
-using support::sets;
 
 namespace
 {
+
+std::string annex(const std::string& name, const std::string& content)
+{
+    return "<ANNEX NAME='" + name + "'>" + content + "</ANNEX>";
+}
+
+std::string set(const std::string& name, const std::string& values = "")
+{
+    return "<CLASSIFICATION NAME='" + name + "'>" + values + "</CLASSIFICATION>";
+}
+
+std::string psi0(const std::string& value) { return "<PSI0>" + value + "</PSI0>"; }
+std::string psi1(const std::string& value) { return "<PSI1>" + value + "</PSI1>"; }
+std::string crackRed(const std::string& value) { return "<CrackRed>" + value + "</CrackRed>"; }
 
 /// The sets of a type with these annexes.
 std::string setsOf(const std::string& annexes)
@@ -17,161 +30,90 @@ std::string setsOf(const std::string& annexes)
     const ActionTypeManager catalogue =
         readCatalogue("<SMOD><ACTIONTYPES><ACTIONTYPE NAME='SNOW'><ANNEXES>" + annexes +
                       "</ANNEXES></ACTIONTYPE></ACTIONTYPES></SMOD>");
-    return sets(*catalogue.findActionType(ActionType::Id::SNOW));
+    return support::sets(*catalogue.findActionType(ActionType::Id::SNOW));
 }
 
-struct Case {
-    const char* what;
-    const char* annexes;
-    const char* sets;
-};
-
-void expectSets(const std::vector<Case>& cases)
-{
-    for (const Case& c : cases)
-        EXPECT_EQ(setsOf(c.annexes), c.sets) << c.what;
-}
+const std::string ec = annex("EC", set("BUILDING", psi0("0.7") + psi1("0.5")));
+const std::string ecSet = "EC BUILDING 0 0 0.7 0.5 0 0 0 0 1\n";
 
 } // namespace
 
-TEST(AnnexInheritance, EachValueElementIsReadIntoItsField)
-{
-    EXPECT_EQ(setsOf(R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING">
-        <CrackRed>9</CrackRed> <PSI22>8</PSI22> <PSI21>7</PSI21> <PSI11>6</PSI11> <PSI2>5</PSI2>
-        <PSI1>4</PSI1> <PSI0>3</PSI0> <GAMMA_INF>2</GAMMA_INF> <GAMMA_SUP>1</GAMMA_SUP>
-        </CLASSIFICATION></ANNEX>)"),
-              "EC BUILDING 1 2 3 4 5 6 7 8 9\n");
-}
-
 TEST(AnnexInheritance, AnAnnexStartsFromTheEcSetsReadSoFar)
 {
-    expectSets({
-        {"an annex with only a DEFAULT",
-         R"(<ANNEX NAME="EC">
-              <CLASSIFICATION NAME="BUILDING"> <GAMMA_SUP>1.5</GAMMA_SUP> <PSI0>0.7</PSI0> </CLASSIFICATION>
-              <CLASSIFICATION NAME="ROADWAY"> <GAMMA_SUP>1.35</GAMMA_SUP> <PSI2>0.2</PSI2> </CLASSIFICATION>
-            </ANNEX>
-            <ANNEX NAME="DIN-2008"> <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> </CLASSIFICATION> </ANNEX>)",                                                                                             "EC BUILDING 1.5 0 0.7 0 0 0 0 0 1\n"
-         "EC ROADWAY 1.35 0 0 0 0.2 0 0 0 1\n"
-         "DIN-2008 BUILDING 1.5 0 0.5 0 0 0 0 0 1\n"
-         "DIN-2008 ROADWAY 1.35 0 0.5 0 0.2 0 0 0 1\n"},
-        {"an annex without anything",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="RAILWAY3"> <PSI1>0.8</PSI1> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="SIA"/>)",
-         "EC RAILWAY3 0 0 0 0.8 0 0 0 0 1\n"
-         "SIA RAILWAY3 0 0 0 0.8 0 0 0 0 1\n"                                       },
-        {"a named set changes its own values only, and a new one starts from zero",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> <PSI1>0.5</PSI1> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS">
-              <CLASSIFICATION NAME="BUILDING"> <PSI0>0.6</PSI0> </CLASSIFICATION>
-              <CLASSIFICATION NAME="ROADWAY"> <PSI0>0.4</PSI0> </CLASSIFICATION>
-            </ANNEX>)",
-         "EC BUILDING 0 0 0.7 0.5 0 0 0 0 1\n"
-         "BS BUILDING 0 0 0.6 0.5 0 0 0 0 1\n"
-         "BS ROADWAY 0 0 0.4 0 0 0 0 0 1\n"                                         },
-        {"an annex before EC has nothing to start from",
-         R"(<ANNEX NAME="BS"> <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> </CLASSIFICATION> </ANNEX>
-            <ANNEX NAME="CSN"> <CLASSIFICATION NAME="ROADWAY"> <PSI0>0.4</PSI0> </CLASSIFICATION> </ANNEX>
-            <ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> </CLASSIFICATION></ANNEX>)",
-         "EC BUILDING 0 0 0.7 0 0 0 0 0 1\n"
-         "CSN ROADWAY 0 0 0.4 0 0 0 0 0 1\n"                                        },
-        {"an annex between two of EC has the sets of the first",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS"/>
-            <ANNEX NAME="EC"><CLASSIFICATION NAME="ROADWAY"> <PSI0>0.4</PSI0> </CLASSIFICATION></ANNEX>)",
-         "EC BUILDING 0 0 0.7 0 0 0 0 0 1\n"
-         "EC ROADWAY 0 0 0.4 0 0 0 0 0 1\n"
-         "BS BUILDING 0 0 0.7 0 0 0 0 0 1\n"                                        },
-        {"a second annex of a code starts from EC again",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.6</PSI0> <PSI1>0.5</PSI1> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS"><CLASSIFICATION NAME="BUILDING"> <PSI2>0.2</PSI2> </CLASSIFICATION></ANNEX>)",
-         "EC BUILDING 0 0 0.7 0 0 0 0 0 1\n"
-         "BS BUILDING 0 0 0.7 0 0.2 0 0 0 1\n"                                      },
-        {"a second annex of EC goes on with the sets of the first",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI2>0.2</PSI2> </CLASSIFICATION></ANNEX>)",
-         "EC BUILDING 0 0 0.7 0 0.2 0 0 0 1\n"                                      },
-    });
+    EXPECT_EQ(setsOf(ec + annex("SIA", "")), ecSet + "SIA BUILDING 0 0 0.7 0.5 0 0 0 0 1\n");
+    EXPECT_EQ(setsOf(ec + annex("BS", set("DEFAULT", psi0("0.4")))),
+              ecSet + "BS BUILDING 0 0 0.4 0.5 0 0 0 0 1\n")
+        << "an annex with only a DEFAULT";
+    EXPECT_EQ(setsOf(ec + annex("BS", set("BUILDING", psi0("0.6")) + set("ROADWAY", psi0("0.4")))),
+              ecSet + "BS BUILDING 0 0 0.6 0.5 0 0 0 0 1\n"
+                      "BS ROADWAY 0 0 0.4 0 0 0 0 0 1\n")
+        << "a named set changes its own values only, and a new one starts from zero";
+    EXPECT_EQ(setsOf(annex("BS", set("DEFAULT", psi0("0.5"))) +
+                     annex("CSN", set("ROADWAY", psi0("0.4"))) + ec),
+              ecSet + "CSN ROADWAY 0 0 0.4 0 0 0 0 0 1\n")
+        << "an annex before EC has nothing to start from";
+    EXPECT_EQ(setsOf(ec + annex("BS", "") + annex("EC", set("BUILDING", psi0("0.6")))),
+              "EC BUILDING 0 0 0.6 0.5 0 0 0 0 1\n"
+              "BS BUILDING 0 0 0.7 0.5 0 0 0 0 1\n")
+        << "a second annex of EC goes on with the sets of the first, and one between has those";
+    EXPECT_EQ(setsOf(ec + annex("BS", set("BUILDING", psi0("0.6") + "<PSI2>0.1</PSI2>")) +
+                     annex("BS", set("BUILDING", psi1("0.2")))),
+              ecSet + "BS BUILDING 0 0 0.7 0.2 0 0 0 0 1\n")
+        << "a second annex of a code starts from EC again";
 }
 
 TEST(AnnexInheritance, DefaultsReachWhatFollowsThemAndOutsideEcWhatThereIs)
 {
-    expectSets({
-        {"a DEFAULT of EC reaches only the named sets behind it",
-         R"(<ANNEX NAME="EC">
-              <CLASSIFICATION NAME="BUILDING"/>
-              <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> </CLASSIFICATION>
-              <CLASSIFICATION NAME="ROADWAY"/>
-              <CLASSIFICATION NAME="RAILWAY1"> <PSI0>0.8</PSI0> </CLASSIFICATION>
-            </ANNEX>)",                                                                                             "EC BUILDING 0 0 0 0 0 0 0 0 1\n"
-         "EC ROADWAY 0 0 0.5 0 0 0 0 0 1\n"
-         "EC RAILWAY1 0 0 0.8 0 0 0 0 0 1\n"                                                                                      },
-        {"a DEFAULT behind a named set overrides it",
-         R"(<ANNEX NAME="BS">
-              <CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> <PSI1>0.6</PSI1> </CLASSIFICATION>
-              <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> </CLASSIFICATION>
-            </ANNEX>)",                                                                                             "BS BUILDING 0 0 0.5 0.6 0 0 0 0 1\n"},
-        {"several DEFAULTs add up",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI2>0.2</PSI2> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS">
-              <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> <PSI1>0.1</PSI1> </CLASSIFICATION>
-              <CLASSIFICATION NAME="ROADWAY"/>
-              <CLASSIFICATION NAME="DEFAULT"> <PSI1>0.4</PSI1> </CLASSIFICATION>
-              <CLASSIFICATION NAME="RAILWAY1"/>
-            </ANNEX>)",
-         "EC BUILDING 0 0 0 0 0.2 0 0 0 1\n"
-         "BS BUILDING 0 0 0.5 0.4 0.2 0 0 0 1\n"
-         "BS ROADWAY 0 0 0.5 0.4 0 0 0 0 1\n"
-         "BS RAILWAY1 0 0 0.5 0.4 0 0 0 0 1\n"                                                                                                                  },
-        {"the DEFAULTs of an annex end with it",
-         R"(<ANNEX NAME="EC">
-              <CLASSIFICATION NAME="DEFAULT"> <PSI0>0.5</PSI0> </CLASSIFICATION>
-              <CLASSIFICATION NAME="BUILDING"/>
-            </ANNEX>
-            <ANNEX NAME="BS"><CLASSIFICATION NAME="ROADWAY"/></ANNEX>)",                                                                                             "EC BUILDING 0 0 0.5 0 0 0 0 0 1\n"
-         "BS BUILDING 0 0 0.5 0 0 0 0 0 1\n"
-         "BS ROADWAY 0 0 0 0 0 0 0 0 1\n"                                                                                         },
-        {"a DEFAULT may give zero but nothing below it",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.7</PSI0> <PSI1>0.5</PSI1> </CLASSIFICATION></ANNEX>
-            <ANNEX NAME="BS"><CLASSIFICATION NAME="DEFAULT"> <PSI0>0</PSI0> <PSI1>-0.1</PSI1> </CLASSIFICATION></ANNEX>)",
-         "EC BUILDING 0 0 0.7 0.5 0 0 0 0 1\n"
-         "BS BUILDING 0 0 0 0.5 0 0 0 0 1\n"                                                                                                                    },
-        {"DEFAULT is a word of its own: in lower case it is an unknown structure",
-         R"(<ANNEX NAME="EC"><CLASSIFICATION NAME="default"> <PSI0>0.7</PSI0> </CLASSIFICATION></ANNEX>)",
-         "EC 0 0 0 0.7 0 0 0 0 0 1\n"                                                                                                                           },
-    });
+    EXPECT_EQ(setsOf(annex("EC", set("BUILDING") + set("DEFAULT", psi0("0.5")) + set("ROADWAY") +
+                                     set("RAILWAY1", psi0("0.8"))) +
+                     annex("BS", set("RAILWAY2"))),
+              "EC BUILDING 0 0 0 0 0 0 0 0 1\n"
+              "EC ROADWAY 0 0 0.5 0 0 0 0 0 1\n"
+              "EC RAILWAY1 0 0 0.8 0 0 0 0 0 1\n"
+              "BS BUILDING 0 0 0 0 0 0 0 0 1\n"
+              "BS ROADWAY 0 0 0.5 0 0 0 0 0 1\n"
+              "BS RAILWAY1 0 0 0.8 0 0 0 0 0 1\n"
+              "BS RAILWAY2 0 0 0 0 0 0 0 0 1\n")
+        << "in EC only the named sets behind it, and no annex but its own";
+    EXPECT_EQ(setsOf(annex("BS", set("BUILDING", psi0("0.7") + psi1("0.6")) +
+                                     set("DEFAULT", psi0("0.5")))),
+              "BS BUILDING 0 0 0.5 0.6 0 0 0 0 1\n")
+        << "a DEFAULT behind a named set overrides it";
+    EXPECT_EQ(setsOf(ec + annex("BS", set("DEFAULT", psi0("0.3") + psi1("0.1")) + set("ROADWAY") +
+                                          set("DEFAULT", psi1("0.4")) + set("RAILWAY1"))),
+              ecSet + "BS BUILDING 0 0 0.3 0.4 0 0 0 0 1\n"
+                      "BS ROADWAY 0 0 0.3 0.4 0 0 0 0 1\n"
+                      "BS RAILWAY1 0 0 0.3 0.4 0 0 0 0 1\n")
+        << "several DEFAULTs add up";
+    EXPECT_EQ(setsOf(ec + annex("BS", set("DEFAULT", psi0("0") + psi1("-0.1")))),
+              ecSet + "BS BUILDING 0 0 0 0.5 0 0 0 0 1\n")
+        << "a DEFAULT may give zero but nothing below it";
+    EXPECT_EQ(setsOf(annex("EC", set("default", psi0("0.7")))), "EC 0 0 0 0.7 0 0 0 0 0 1\n")
+        << "in lower case it is an unknown structure";
 }
 
 TEST(AnnexInheritance, ANamedSetTakesCrackReductionOneUnlessGivenAnother)
 {
-    const std::string ec = R"(<ANNEX NAME="EC">
-        <CLASSIFICATION NAME="BUILDING"> <CrackRed>0.8</CrackRed> </CLASSIFICATION>
-        <CLASSIFICATION NAME="ROADWAY"> <CrackRed>0.7</CrackRed> </CLASSIFICATION></ANNEX>)";
-    const std::string ecSets = "EC BUILDING 0 0 0 0 0 0 0 0 0.8\nEC ROADWAY 0 0 0 0 0 0 0 0 0.7\n";
-    const std::vector<Case> annexes = {
-        {"named without a value",                 R"(<CLASSIFICATION NAME="BUILDING"/>)",
-         "BS BUILDING 0 0 0 0 0 0 0 0 1\nBS ROADWAY 0 0 0 0 0 0 0 0 0.7\n"                                                                                    },
-        {"named with its own value",
-         R"(<CLASSIFICATION NAME="BUILDING"> <CrackRed>0.6</CrackRed> </CLASSIFICATION>)", "BS BUILDING 0 0 0 0 0 0 0 0 0.6\nBS ROADWAY 0 0 0 0 0 0 0 0 0.7\n"},
-        {"given by a DEFAULT",
-         R"(<CLASSIFICATION NAME="DEFAULT"> <CrackRed>0.5</CrackRed> </CLASSIFICATION>
-            <CLASSIFICATION NAME="BUILDING"/>)",    "BS BUILDING 0 0 0 0 0 0 0 0 0.5\nBS ROADWAY 0 0 0 0 0 0 0 0 0.5\n"},
-        {"a DEFAULT without the value gives 1.0", R"(<CLASSIFICATION NAME="DEFAULT"/>)",
-         "BS BUILDING 0 0 0 0 0 0 0 0 1\nBS ROADWAY 0 0 0 0 0 0 0 0 1\n"                                                                                      },
-        {"a DEFAULT below zero gives none",
-         R"(<CLASSIFICATION NAME="DEFAULT"> <CrackRed>-1</CrackRed> </CLASSIFICATION>
-            <CLASSIFICATION NAME="BUILDING"/>)",     "BS BUILDING 0 0 0 0 0 0 0 0 0.8\nBS ROADWAY 0 0 0 0 0 0 0 0 0.7\n"},
-        {"nothing named",                         "",                                      "BS BUILDING 0 0 0 0 0 0 0 0 0.8\nBS ROADWAY 0 0 0 0 0 0 0 0 0.7\n"},
+    const auto expect = [](const std::string& sets, const char* building, const char* bridge) {
+        const std::string zeros = " 0 0 0 0 0 0 0 0 ";
+        EXPECT_EQ(
+            setsOf(annex("EC", set("BUILDING", crackRed("0.8")) + set("ROADWAY", crackRed("0.7"))) +
+                   annex("BS", sets)),
+            "EC BUILDING" + zeros + "0.8\nEC ROADWAY" + zeros + "0.7\nBS BUILDING" + zeros +
+                building + "\nBS ROADWAY" + zeros + bridge + "\n")
+            << sets;
     };
-    for (const Case& c : annexes)
-        EXPECT_EQ(setsOf(ec + "<ANNEX NAME='BS'>" + c.annexes + "</ANNEX>"), ecSets + c.sets)
-            << c.what;
+    expect("", "0.8", "0.7");
+    expect(set("BUILDING"), "1", "0.7");
+    expect(set("BUILDING", crackRed("0.6")), "0.6", "0.7");
+    expect(set("DEFAULT", crackRed("0.5")) + set("BUILDING"), "0.5", "0.5");
+    expect(set("DEFAULT"), "1", "1");
+    expect(set("DEFAULT", crackRed("-1")) + set("BUILDING"), "0.8", "0.7");
 }
 
-TEST(AnnexInheritance, UnknownWordsStandForNothing)
+TEST(AnnexInheritance, UnknownWordsStandForNothingAndWhatIsMissingIsSkipped)
 {
-    const ActionTypeManager catalogue = readCatalogue(R"(<SMOD><ACTIONTYPES>
+    EXPECT_EQ(contents(readCatalogue(R"(<SMOD><ACTIONTYPES>
         <ACTIONTYPE NAME="snow">
           <ACTIONGROUP>snow</ACTIONGROUP> <LOADDURATION>shortterm</LOADDURATION>
           <ANNEXES>
@@ -186,107 +128,68 @@ TEST(AnnexInheritance, UnknownWordsStandForNothing)
         </ACTIONTYPE>
         <ACTIONTYPE/>
         <ACTIONTYPE NAME="SNOW"> <ACTIONGROUP/> <LOADDURATION/> </ACTIONTYPE>
-        </ACTIONTYPES></SMOD>)");
-    EXPECT_EQ(contents(catalogue), "NONE, group NONE, PERMANENT\n"
-                                   "- 0 0 0 0.1 0.2 0.3 0 0 0 1\n"
-                                   "- FOOTBRIDGE1 0 0 0.4 0 0 0 0 0 1\n"
-                                   "EC 0 0 0 0.1 0.2 0.3 0 0 0 1\n"
-                                   "EC FOOTBRIDGE1 0 0 0.4 0 0 0 0 0 1\n"
-                                   "NONE, group NONE, MEDIUMTERM\n"
-                                   "SNOW, group NONE, PERMANENT\n");
-}
-
-TEST(AnnexInheritance, WhatIsMissingIsSkipped)
-{
-    const ActionTypeManager catalogue = readCatalogue(R"(<SMOD><ACTIONTYPES>
-        <ACTIONTYPE NAME="SNOW"/>
-        <ACTIONTYPE NAME="T"> <ACTIONGROUP>T</ACTIONGROUP> </ACTIONTYPE>
-        <ACTIONTYPE NAME="E"> <LOADDURATION>INSTANTANEOUS</LOADDURATION> <ANNEXES/> </ACTIONTYPE>
+        <ACTIONTYPE NAME="T"> <ACTIONGROUP>T</ACTIONGROUP> <ANNEXES/> </ACTIONTYPE>
         <ACTIONTYPE NAME="P"> <DEEPER> <ACTIONGROUP>P</ACTIONGROUP> </DEEPER> </ACTIONTYPE>
-        </ACTIONTYPES></SMOD>)");
-    EXPECT_EQ(contents(catalogue), "SNOW, group NONE, MEDIUMTERM\n"
-                                   "T, group T, MEDIUMTERM\n"
-                                   "E, group NONE, INSTANTANEOUS\n"
-                                   "P, group NONE, MEDIUMTERM\n");
-    EXPECT_EQ(catalogue.findActionType(ActionType::Id::SNOW)->getActionGroup(), nullptr);
+        </ACTIONTYPES></SMOD>)")),
+              "NONE, group NONE, PERMANENT\n"
+              "- 0 0 0 0.1 0.2 0.3 0 0 0 1\n"
+              "- FOOTBRIDGE1 0 0 0.4 0 0 0 0 0 1\n"
+              "EC 0 0 0 0.1 0.2 0.3 0 0 0 1\n"
+              "EC FOOTBRIDGE1 0 0 0.4 0 0 0 0 0 1\n"
+              "NONE, group NONE, MEDIUMTERM\n"
+              "SNOW, group NONE, PERMANENT\n"
+              "T, group T, MEDIUMTERM\n"
+              "P, group NONE, MEDIUMTERM\n");
 }
 
 TEST(AnnexInheritance, OnlyWholeNumbersOfTextAreValues)
 {
-    const auto psi0 = [](const std::string& value) {
-        const ActionTypeManager catalogue =
-            readCatalogue("<ACTIONTYPES><ACTIONTYPE NAME='SNOW'><ANNEXES><ANNEX NAME='EC'>"
-                          "<CLASSIFICATION NAME='DEFAULT'><PSI0>0.75</PSI0></CLASSIFICATION>"
-                          "<CLASSIFICATION NAME='BUILDING'>" +
-                          value + "</CLASSIFICATION></ANNEX></ANNEXES></ACTIONTYPE></ACTIONTYPES>");
-        return catalogue.findActionType(ActionType::Id::SNOW)
-            ->getFactors(Standard::Mode::EC, Standard::Classification::BUILDING,
-                         Standard::BridgeType::ROADWAY)
-            ->getPsi0();
+    const auto expect = [](const std::string& written, const std::string& read) {
+        EXPECT_EQ(setsOf(annex("EC", set("DEFAULT", psi0("0.75")) + set("BUILDING", written))),
+                  "EC BUILDING 0 0 " + read + " 0 0 0 0 0 1\n")
+            << written;
     };
-    EXPECT_EQ(psi0("<PSI0> +0.5\n</PSI0>"), 0.5);
-    EXPECT_EQ(psi0("<PSI0>5e-1</PSI0>"), 0.5);
-    EXPECT_EQ(psi0("<PSI0>-0.5</PSI0>"), -0.5) << "a named set takes what is written";
-    EXPECT_EQ(psi0("<PSI0>0.5</PSI0><PSI0>0.6</PSI0>"), 0.5) << "the first counts";
-    for (const char* unchanged :
-         {"", "<PSI0/>", "<PSI0>0,5</PSI0>", "<PSI0>0.5 m</PSI0>", "<PSI0>nan</PSI0>",
-          "<PSI0>inf</PSI0>", "<PSI0>0x1</PSI0>", "<PSI0>1e999</PSI0>", "<psi0>0.5</psi0>",
-          "<X><PSI0>1</PSI0></X>"})
-        EXPECT_EQ(psi0(unchanged), 0.75) << unchanged;
+    expect(psi0(" +0.5\n"), "0.5");
+    expect(psi0("5e-1"), "0.5");
+    expect(psi0("-0.5"), "-0.5"); // a named set takes what is written
+    expect(psi0("0.5") + psi0("0.6"), "0.5");
+    for (const char* unchanged : {"", "0,5", "0.5 m", "nan", "inf", "0x1", "1e999"})
+        expect(psi0(unchanged), "0.75");
+    expect("<psi0>0.5</psi0>", "0.75");
+    expect("<X><PSI0>1</PSI0></X>", "0.75");
 }
 
-TEST(AnnexInheritance, ATypeThatOccursTwiceIsTwoEntries)
+TEST(AnnexInheritance, ATypeThatOccursTwiceIsTwoEntriesAndAReaderAddsToWhatIsThere)
 {
-    const ActionTypeManager catalogue = readCatalogue(R"(<SMOD><ACTIONTYPES>
+    ActionTypeManager catalogue = readCatalogue(R"(<SMOD><ACTIONTYPES>
         <ACTIONTYPE NAME="SNOW"> <LOADDURATION>LONGTERM</LOADDURATION> </ACTIONTYPE>
         <ACTIONTYPE NAME="SNOW"> <LOADDURATION>SHORTTERM</LOADDURATION> </ACTIONTYPE>
         </ACTIONTYPES></SMOD>)");
+    std::istringstream document("<ACTIONTYPES><ACTIONTYPE NAME='T'/></ACTIONTYPES>");
+    Standard::ActionTypeReader(&catalogue).readXml(document);
     EXPECT_EQ(contents(catalogue), "SNOW, group NONE, LONGTERM\n"
-                                   "SNOW, group NONE, SHORTTERM\n");
+                                   "SNOW, group NONE, SHORTTERM\n"
+                                   "T, group NONE, MEDIUMTERM\n");
     EXPECT_EQ(catalogue.findActionType(ActionType::Id::SNOW), catalogue.getActionTypes().front());
 }
 
-TEST(AnnexInheritance, ElementsGoByTheirAttributeWhateverTheyAreCalled)
+TEST(AnnexInheritance, ElementsGoByTheirAttributeBelowTheFirstActionTypes)
 {
-    const std::string expected = "SNOW, group NONE, MEDIUMTERM\n"
-                                 "EC BUILDING 0 0 0.5 0 0 0 0 0 1\n"
-                                 "BS BUILDING 0 0 0.5 0 0 0 0 0 1\n";
-    const std::string types = R"(<ACTIONTYPES><KIND NAME="SNOW"><MORE><ANNEXES>
+    EXPECT_EQ(contents(readCatalogue(R"(<X><SMOD/><Y><ACTIONTYPES><KIND NAME="SNOW"><MORE><ANNEXES>
         <!-- no element --><CODE NAME="EC"><CASE NAME="BUILDING"><PSI0>0.5</PSI0></CASE></CODE>
-        <OTHER NAME="BS"/></ANNEXES></MORE></KIND></ACTIONTYPES>)";
-    for (const std::string& document :
-         {types, "<SMOD>" + types + "</SMOD>", "<X><SMOD/><Y><Z>" + types + "</Z></Y></X>"})
-        EXPECT_EQ(contents(readCatalogue(document)), expected) << document;
+        <OTHER NAME="BS"/></ANNEXES></MORE></KIND></ACTIONTYPES></Y>
+        <ACTIONTYPES><ACTIONTYPE NAME="T"/></ACTIONTYPES></X>)")),
+              "SNOW, group NONE, MEDIUMTERM\n"
+              "EC BUILDING 0 0 0.5 0 0 0 0 0 1\n"
+              "BS BUILDING 0 0 0.5 0 0 0 0 0 1\n");
 
-    EXPECT_EQ(contents(readCatalogue(
-                  "<SMOD><actiontypes><ACTIONTYPE NAME='SNOW'/></actiontypes></SMOD>")),
-              "");
-}
-
-TEST(AnnexInheritance, OfNestedActionTypesTheOuterOnesAreRead)
-{
     // The inner ACTIONTYPES is a type without a name, to which the annexes found in it belong.
-    const ActionTypeManager nested = readCatalogue(R"(<SMOD><ACTIONTYPES>
-        <ACTIONTYPE NAME="SNOW"/>
+    EXPECT_EQ(contents(readCatalogue(R"(<SMOD><ACTIONTYPES>
         <ACTIONTYPES><ACTIONTYPE NAME="T"><ANNEXES>
           <ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"/></ANNEX>
         </ANNEXES></ACTIONTYPE></ACTIONTYPES>
-        </ACTIONTYPES></SMOD>)");
-    EXPECT_EQ(contents(nested), "SNOW, group NONE, MEDIUMTERM\n"
-                                "NONE, group NONE, MEDIUMTERM\n"
-                                "EC BUILDING 0 0 0 0 0 0 0 0 1\n");
-
-    const ActionTypeManager twice = readCatalogue(R"(<SMOD>
-        <A><ACTIONTYPES><ACTIONTYPE NAME="T"/></ACTIONTYPES></A>
-        <ACTIONTYPES><ACTIONTYPE NAME="SNOW"/></ACTIONTYPES></SMOD>)");
-    EXPECT_EQ(contents(twice), "T, group NONE, MEDIUMTERM\n") << "the first in document order";
-}
-
-TEST(AnnexInheritance, AReaderAddsToWhatIsThere)
-{
-    ActionTypeManager catalogue =
-        readCatalogue("<ACTIONTYPES><ACTIONTYPE NAME='T'/></ACTIONTYPES>");
-    std::istringstream document("<ACTIONTYPES><ACTIONTYPE NAME='SNOW'/></ACTIONTYPES>");
-    Standard::ActionTypeReader(&catalogue).readXml(document);
-    EXPECT_EQ(contents(catalogue), "T, group NONE, MEDIUMTERM\nSNOW, group NONE, MEDIUMTERM\n");
+        </ACTIONTYPES></SMOD>)")),
+              "NONE, group NONE, MEDIUMTERM\n"
+              "EC BUILDING 0 0 0 0 0 0 0 0 1\n");
+    EXPECT_EQ(contents(readCatalogue("<actiontypes><ACTIONTYPE NAME='SNOW'/></actiontypes>")), "");
 }

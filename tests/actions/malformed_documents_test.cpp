@@ -1,30 +1,17 @@
 #include "actions/Catalogue.h"
 
-#include <zelstandard/actions/ActionTypeReader.h>
-
-using support::contents;
-
 namespace
 {
-
-const std::string snow = "SNOW, group SNOW, MEDIUMTERM\n"
-                         "EC BUILDING 1.5 0 0 0 0 0 0 0 1\n";
-
-const std::string document = R"(<?xml version="1.0" encoding="UTF-8"?>
-<SMOD><!-- Schnee: "ä" --><ACTIONTYPES><ACTIONTYPE NAME="SNOW"><ACTIONGROUP>SNOW</ACTIONGROUP>
-<ANNEXES><ANNEX NAME="EC"><CLASSIFICATION NAME='BUILDING'><GAMMA_SUP><![CDATA[1.]]>5</GAMMA_SUP>
-</CLASSIFICATION></ANNEX></ANNEXES></ACTIONTYPE></ACTIONTYPES></SMOD>)";
 
 const std::string body = "<ACTIONTYPES><ACTIONTYPE NAME='SNOW'/></ACTIONTYPES>";
 const std::string bodyRead = "SNOW, group NONE, MEDIUMTERM\n";
 
 std::string read(const std::string& text)
 {
-    Standard::ActionTypeManager catalogue = support::emptyCatalogue();
-    std::istringstream stream(text);
-    Standard::ActionTypeReader(&catalogue).readXml(stream);
-    return contents(catalogue);
+    return support::contents(support::readCatalogue(text));
 }
+
+std::string inRoot(const std::string& text) { return "<SMOD>" + text + body + "</SMOD>"; }
 
 std::string repeated(const std::string& text, int count)
 {
@@ -42,57 +29,38 @@ std::string utf16(const std::string& ascii, bool littleEndian)
     return result;
 }
 
-struct Case {
-    const char* what;
-    std::string text;
-};
-
 } // namespace
 
 TEST(MalformedDocuments, GiveNothing)
 {
     const std::string nul(1, '\0');
-    const Case cases[] = {
-        {"empty",                          ""                                              },
-        {"white space",                    " \n"                                           },
-        {"a declaration only",             R"(<?xml version="1.0"?>)"                      },
-        {"a comment only",                 "<!-- -->"                                      },
-        {"no document",                    "SNOW"                                          },
-        {"two roots",                      body + "<SMOD/>"                                },
-        {"the same root twice",            body + body                                     },
-        {"text behind the root",           body + "x"                                      },
-        {"text before the root",           "x" + body                                      },
-        {"an end tag too many",            body + "</ACTIONTYPES>"                         },
-        {"another end tag",                "<SMOD>" + body + "</SMOT>"                     },
-        {"crossed tags",                   "<SMOD><A>" + body + "</SMOD></A>"              },
-        {"NUL behind the root",            body + nul                                      },
-        {"NUL before the root",            nul + body                                      },
-        {"NUL in a text",                  "<SMOD>" + nul + body + "</SMOD>"               },
-        {"a control character",            "<SMOD>\x01" + body + "</SMOD>"                 },
-        {"no UTF-8",                       "<SMOD>\xE4" + body + "</SMOD>"                 },
-        {"overlong UTF-8",                 "<SMOD>\xC0\xBC" + body + "</SMOD>"             },
-        {"a surrogate in UTF-8",           "<SMOD>\xED\xA0\x80" + body + "</SMOD>"         },
-        {"an unknown encoding",            "<?xml version='1.0' encoding='KOI8-R'?>" + body},
-        {"UTF-8 that claims to be UTF-16", "<?xml version='1.0' encoding='UTF-16'?>" + body},
-        {"half a character of UTF-16",     "\xFF\xFE" + utf16(body,                          true) + "<"},
-        {"the declaration not in front",                                " <?xml version='1.0'?>" + body                                                  },
-        {"an attribute without quotes",                                "<SMOD a=1>" + body + "</SMOD>" },
-        {"an attribute without a value",                                "<SMOD a>" + body + "</SMOD>"                                                 },
-        {"'<' in an attribute",                                "<SMOD a='<'>" + body + "</SMOD>"          },
-        {"a bare ampersand",                                "<SMOD>&" + body + "</SMOD>"                                                    },
-        {"an undeclared entity",                                "<SMOD>&x;" + body + "</SMOD>"      },
-        {"a reference to no character",                                "<SMOD>&#0;" + body + "</SMOD>"                                             },
-        {"an open comment",                                "<SMOD>" + body + "</SMOD><!-- "                  },
-        {"open character data",                                "<SMOD>" + body + "<![CDATA[</SMOD>"                                         },
-        {"an open document type",                                "<!DOCTYPE SMOD [" + body                },
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(read(c.text), "") << c.what;
+    const std::string documents[] = {
+        // without a root, or with more than one
+        "", " \n", "<?xml version='1.0'?>", "<!-- -->", "SNOW", body + "<SMOD/>", body + body,
+        body + "x", "x" + body, body + nul, nul + body,
+        // tags
+        body + "</ACTIONTYPES>", "<SMOD>" + body + "</SMOT>", "<SMOD><A>" + body + "</SMOD></A>",
+        "<SMOD a=1>" + body + "</SMOD>", "<SMOD a>" + body + "</SMOD>",
+        "<SMOD a='<'>" + body + "</SMOD>", " <?xml version='1.0'?>" + body,
+        // characters: NUL, a control one, no UTF-8, overlong, a surrogate
+        inRoot(nul), inRoot("\x01"), inRoot("\xE4"), inRoot("\xC0\xBC"), inRoot("\xED\xA0\x80"),
+        inRoot("&"), inRoot("&x;"), inRoot("&#0;"),
+        // encodings: unknown, claimed, cut in a character
+        "<?xml version='1.0' encoding='KOI8-R'?>" + body,
+        "<?xml version='1.0' encoding='UTF-16'?>" + body, "\xFF\xFE" + utf16(body, true) + "<",
+        // left open
+        inRoot("") + "<!-- ", "<SMOD>" + body + "<![CDATA[</SMOD>", "<!DOCTYPE SMOD [" + body};
+    for (const std::string& document : documents)
+        EXPECT_EQ(read(document), "") << document;
 }
 
 TEST(MalformedDocuments, ADocumentCutAnywhereGivesNothing)
 {
-    ASSERT_EQ(read(document), snow);
+    const std::string document = R"(<?xml version="1.0" encoding="UTF-8"?>
+<SMOD><!-- Schnee: "ä" --><ACTIONTYPES><ACTIONTYPE NAME="SNOW"><ACTIONGROUP>SNOW</ACTIONGROUP>
+<ANNEXES><ANNEX NAME="EC"><CLASSIFICATION NAME='BUILDING'><GAMMA_SUP><![CDATA[1.]]>5</GAMMA_SUP>
+</CLASSIFICATION></ANNEX></ANNEXES></ACTIONTYPE></ACTIONTYPES></SMOD>)";
+    ASSERT_EQ(read(document), "SNOW, group SNOW, MEDIUMTERM\nEC BUILDING 1.5 0 0 0 0 0 0 0 1\n");
     for (std::size_t length = 0; length < document.size(); ++length)
         ASSERT_EQ(read(document.substr(0, length)), "") << "cut at " << length;
 }
@@ -105,7 +73,6 @@ TEST(MalformedDocuments, NoDepthOfNestingBringsTheReaderDown)
     EXPECT_EQ(read(nested(998)), bodyRead) << "1000 levels with the two of the body";
     EXPECT_EQ(read(nested(999)), "");
     EXPECT_EQ(read(nested(1'000'000)), "");
-    EXPECT_EQ(read(repeated("<a>", 1'000'000)), "");
     EXPECT_EQ(read("<SMOD>" + body + repeated("<a>", 1'000'000)), "");
     EXPECT_EQ(read("<!DOCTYPE a [" + repeated("<!ENTITY a '[", 1'000'000)), "");
 }
@@ -130,17 +97,11 @@ TEST(MalformedDocuments, EntitiesOfADocumentTypeAreNotExpanded)
 
 TEST(MalformedDocuments, OtherWellFormedDocumentsAreRead)
 {
-    const Case cases[] = {
-        {"UTF-8 with a byte order mark",                                              "\xEF\xBB\xBF" + body},
-        {"UTF-16, least significant byte first",                                      "\xFF\xFE" + utf16(body,true)},
-        {"UTF-16, most significant byte first",                                                                           "\xFE\xFF" + utf16(body,false)},
-        {"ISO-8859-1",                                                                     "<?xml version='1.0' encoding='iso-8859-1'?><SMOD>\xE4" + body + "</SMOD>"                              },
-        {"white space and comments around","\n<!-- -->\n<?x y?>" + body + "\n<!-- -->\n"},
-        {"a document type",                                                                                                  "<!DOCTYPE SMOD SYSTEM 'a.dtd'>" + body                                                                                                                                                                                                   },
-        {"lines of Windows","\r\n" + body + "\r\n"},
-        {"the name twice, the first counts",
-         "<ACTIONTYPES><ACTIONTYPE NAME='SNOW' NAME='T'/></ACTIONTYPES>"                                                                                                                                                                                                                                                                                                                                                                                   },
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(read(c.text), bodyRead) << c.what;
+    const std::string latin = "<?xml version='1.0' encoding='iso-8859-1'?>" + inRoot("\xE4");
+    for (const std::string& document :
+         {"\xEF\xBB\xBF" + body, "\xFF\xFE" + utf16(body, true), "\xFE\xFF" + utf16(body, false),
+          latin, "\r\n<!-- -->\n<?x y?>" + body + "\r\n<!-- -->\n",
+          "<!DOCTYPE SMOD SYSTEM 'a.dtd'>" + body,
+          std::string("<ACTIONTYPES><ACTIONTYPE NAME='SNOW' NAME='T'/></ACTIONTYPES>")})
+        EXPECT_EQ(read(document), bodyRead) << document;
 }

@@ -46,36 +46,25 @@ inline std::string text(const Standard::StateAttribute& attribute)
     using namespace Standard;
     XMLUtil& words = *XMLUtil::get();
     std::ostringstream result;
+    const auto add = [&](const char* before, const std::string& word, auto value) {
+        result << before << wordOrNumber(word, value);
+    };
     const ActionType* type = attribute.getActionType();
-    result << wordOrNumber(words.getStringToStateAttrToken(attribute.getToken()),
-                           attribute.getToken())
-           << ": " << (type ? words.getStringToActionType(type->getId()) : "-") << " "
-           << wordOrNumber(words.getStringToOperator(attribute.getOperator()),
-                           attribute.getOperator())
-           << " "
-           << wordOrNumber(words.getStringToAttributeType(attribute.getType()), attribute.getType())
-           << " "
-           << wordOrNumber(words.getStringToAttributeLoadType(attribute.getLoadType()),
-                           attribute.getLoadType());
-    const auto addSet = [&](int last, auto wordIfMember) {
+    add("", words.getStringToStateAttrToken(attribute.getToken()), attribute.getToken());
+    result << ": " << (type ? words.getStringToActionType(type->getId()) : "-");
+    add(" ", words.getStringToOperator(attribute.getOperator()), attribute.getOperator());
+    add(" ", words.getStringToAttributeType(attribute.getType()), attribute.getType());
+    add(" ", words.getStringToAttributeLoadType(attribute.getLoadType()), attribute.getLoadType());
+    const auto addSet = [&]<class Value>(int last, bool (StateAttribute::*has)(Value) const) {
         std::string set;
         for (int value = 0; value <= last; ++value)
-            if (const std::string member = wordIfMember(value); !member.empty())
-                set += (set.empty() ? "" : " ") + member;
+            if ((attribute.*has)(Value{value}))
+                set += (set.empty() ? "" : " ") + word(Value{value});
         result << " {" << set << "}";
     };
-    addSet(3, [&](int value) {
-        const Classification classification{value};
-        return attribute.hasClassification(classification) ? word(classification) : "";
-    });
-    addSet(8, [&](int value) {
-        const Mode mode{value};
-        return attribute.hasStandard(mode) ? word(mode) : "";
-    });
-    addSet(6, [&](int value) {
-        const BridgeType bridgeType{value};
-        return attribute.hasBridgeType(bridgeType) ? word(bridgeType) : "";
-    });
+    addSet(3, &StateAttribute::hasClassification);
+    addSet(8, &StateAttribute::hasStandard);
+    addSet(6, &StateAttribute::hasBridgeType);
     result << " " << attribute.getExclGroup() << " " << attribute.getCombGroup();
     return result.str();
 }

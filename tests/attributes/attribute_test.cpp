@@ -1,4 +1,4 @@
-#include <cmath>
+#include <functional>
 
 #include <zelstandard/actions/ActionType.h>
 #include <zelstandard/attributes/StateAttribute.h>
@@ -6,97 +6,33 @@
 #include "attributes/Attributes.h"
 #include "support/Context.h"
 
-using Standard::ActionGroup;
 using Standard::ActionType;
 using Standard::BridgeType;
 using Standard::Classification;
-using Standard::DesignMaterial;
 using Standard::Mode;
 using Standard::Operator;
 using Standard::StateAttribute;
-using support::FreshContext;
 using Token = Standard::StateAttributeToken;
 
 namespace
 {
 
-/// The operations on one of the three validity sets.
-template <class Value> struct ValiditySet {
-    int first, last;
-    void (StateAttribute::*add)(Value);
-    bool (StateAttribute::*has)(Value) const;
-    int (StateAttribute::*bitField)() const;
-    bool (StateAttribute::*isForAll)() const;
-    void (StateAttribute::*clear)();
-};
-
-constexpr ValiditySet<Mode> standards = {0,
-                                         8,
-                                         &StateAttribute::addStandard,
-                                         &StateAttribute::hasStandard,
-                                         &StateAttribute::getStandardBitField,
-                                         &StateAttribute::isValidForAllStandards,
-                                         &StateAttribute::clearStandards};
-constexpr ValiditySet<Classification> classifications = {
-    1,
-    2,
-    &StateAttribute::addClassification,
-    &StateAttribute::hasClassification,
-    &StateAttribute::getClassificationBitField,
-    &StateAttribute::isValidForAllClassifications,
-    &StateAttribute::clearClassifications};
-constexpr ValiditySet<BridgeType> bridgeTypes = {0,
-                                                 6,
-                                                 &StateAttribute::addBridgeType,
-                                                 &StateAttribute::hasBridgeType,
-                                                 &StateAttribute::getBridgeTypeBitField,
-                                                 &StateAttribute::isValidForAllBridgeTypes,
-                                                 &StateAttribute::clearBridgeTypes};
-
-template <class Value> void expectValiditySet(const ValiditySet<Value>& set)
-{
-    StateAttribute attribute(Token::SNOW, nullptr);
-    int bits = 0;
-    for (int value = set.last; value >= set.first; --value) {
-        EXPECT_EQ((attribute.*set.isForAll)(), value == set.last) << "only the empty set is all";
-        EXPECT_FALSE((attribute.*set.has)(Value{value})) << "not even when it is valid for all";
-        (attribute.*set.add)(Value{value});
-        (attribute.*set.add)(Value{value});
-        bits += 8 << value;
-        EXPECT_TRUE((attribute.*set.has)(Value{value}));
-        EXPECT_EQ((attribute.*set.bitField)(), bits) << "once, however often it was added";
-    }
-    EXPECT_EQ(attribute.getStandardBitField() + attribute.getClassificationBitField() +
-                  attribute.getBridgeTypeBitField(),
-              bits)
-        << "the other two sets stay empty";
-    (attribute.*set.clear)();
-    EXPECT_TRUE((attribute.*set.isForAll)());
-    EXPECT_FALSE((attribute.*set.has)(Value{set.last}));
-    EXPECT_EQ((attribute.*set.bitField)(), 0);
-}
-
 struct Factor {
-    const char* name;
     double (StateAttribute::*get)() const;
     void (StateAttribute::*set)(double);
-    double withoutActionType;
     double (ActionType::*ofType)() const;
 };
 
 constexpr Factor factors[] = {
-    {"gamma sup",       &StateAttribute::getGammaSup, &StateAttribute::setGammaSup, 1.0,
-     &ActionType::getGammaSup                                                                                 },
-    {"gamma inf",       &StateAttribute::getGammaInf, &StateAttribute::setGammaInf, 1.0,
-     &ActionType::getGammaInf                                                                                 },
-    {"psi0",            &StateAttribute::getPsi0,     &StateAttribute::setPsi0,     1.0, &ActionType::getPsi0 },
-    {"psi1",            &StateAttribute::getPsi1,     &StateAttribute::setPsi1,     1.0, &ActionType::getPsi1 },
-    {"psi2",            &StateAttribute::getPsi2,     &StateAttribute::setPsi2,     1.0, &ActionType::getPsi2 },
-    {"psi11",           &StateAttribute::getPsi11,    &StateAttribute::setPsi11,    1.0, &ActionType::getPsi11},
-    {"psi21",           &StateAttribute::getPsi21,    &StateAttribute::setPsi21,    0.0, &ActionType::getPsi21},
-    {"psi22",           &StateAttribute::getPsi22,    &StateAttribute::setPsi22,    0.0, &ActionType::getPsi22},
-    {"crack reduction", &StateAttribute::getCrackRed, &StateAttribute::setCrackRed, 1.0,
-     &ActionType::getCrackRed                                                                                 },
+    {&StateAttribute::getGammaSup, &StateAttribute::setGammaSup, &ActionType::getGammaSup},
+    {&StateAttribute::getGammaInf, &StateAttribute::setGammaInf, &ActionType::getGammaInf},
+    {&StateAttribute::getPsi0,     &StateAttribute::setPsi0,     &ActionType::getPsi0    },
+    {&StateAttribute::getPsi1,     &StateAttribute::setPsi1,     &ActionType::getPsi1    },
+    {&StateAttribute::getPsi2,     &StateAttribute::setPsi2,     &ActionType::getPsi2    },
+    {&StateAttribute::getPsi11,    &StateAttribute::setPsi11,    &ActionType::getPsi11   },
+    {&StateAttribute::getPsi21,    &StateAttribute::setPsi21,    &ActionType::getPsi21   },
+    {&StateAttribute::getPsi22,    &StateAttribute::setPsi22,    &ActionType::getPsi22   },
+    {&StateAttribute::getCrackRed, &StateAttribute::setCrackRed, &ActionType::getCrackRed},
 };
 
 /// An attribute without any default.
@@ -118,98 +54,63 @@ StateAttribute filled(ActionType* type)
 
 TEST(Attribute, HasASetAndABitFieldForEachValidity)
 {
-    expectValiditySet(standards);
-    expectValiditySet(classifications);
-    expectValiditySet(bridgeTypes);
-
     StateAttribute attribute(Token::SNOW, nullptr);
-    attribute.addStandard(Mode::EC);
-    attribute.addStandard(Mode::DIN_2008);
-    EXPECT_EQ(attribute.getStandardBitField(), 80);
+    const auto expectSet = [&]<class Value>(void (StateAttribute::*add)(Value),
+                                            bool (StateAttribute::*has)(Value) const,
+                                            int (StateAttribute::*bitField)() const,
+                                            bool (StateAttribute::*isForAll)() const,
+                                            void (StateAttribute::*clear)()) {
+        EXPECT_TRUE((attribute.*isForAll)());
+        for (const int value : {2, 1, 1})
+            (attribute.*add)(Value{value});
+        EXPECT_FALSE((attribute.*isForAll)());
+        EXPECT_TRUE((attribute.*has)(Value{1}) && (attribute.*has)(Value{2}));
+        EXPECT_EQ((attribute.*bitField)(), 16 + 32) << "once, however often it was added";
+        EXPECT_EQ(attribute.getStandardBitField() + attribute.getClassificationBitField() +
+                      attribute.getBridgeTypeBitField(),
+                  16 + 32)
+            << "the other two sets stay empty";
+        (attribute.*clear)();
+        EXPECT_EQ((attribute.*bitField)(), 0);
+        EXPECT_FALSE((attribute.*has)(Value{1})) << "not even when it is valid for all";
+    };
+    using A = StateAttribute;
+    expectSet(&A::addStandard, &A::hasStandard, &A::getStandardBitField, &A::isValidForAllStandards,
+              &A::clearStandards);
+    expectSet(&A::addClassification, &A::hasClassification, &A::getClassificationBitField,
+              &A::isValidForAllClassifications, &A::clearClassifications);
+    expectSet(&A::addBridgeType, &A::hasBridgeType, &A::getBridgeTypeBitField,
+              &A::isValidForAllBridgeTypes, &A::clearBridgeTypes);
 }
 
-TEST(Attribute, TakesItsGroupFromItsActionType)
+TEST(Attribute, HasTheFactorsOfItsActionTypeOrFixedOnes)
 {
-    ActionGroup group(ActionGroup::Type::SNOW);
+    const support::FreshContext context;
     ActionType type(ActionType::Id::SNOW);
-    StateAttribute attribute(Token::SNOW, nullptr);
-    EXPECT_EQ(attribute.getActionGroup(), nullptr);
-    attribute.setActionType(&type);
-    EXPECT_EQ(attribute.getActionGroup(), nullptr);
-    type.setActionGroup(&group);
-    EXPECT_EQ(attribute.getActionGroup(), &group);
-    EXPECT_EQ(attribute.getActionTypeInstanceFlag(), 0) << "setting a type is not owning it";
-}
-
-TEST(Attribute, WithoutAnActionTypeHasFixedFactors)
-{
-    const FreshContext context;
-    StateAttribute attribute(Token::SNOW, nullptr);
-    for (const Factor& factor : factors) {
-        (attribute.*factor.set)(0.25);
-        EXPECT_EQ((attribute.*factor.get)(), factor.withoutActionType) << factor.name;
-    }
-    EXPECT_EQ(attribute.getGammaSupReduced(), 1.0);
-    EXPECT_EQ(attribute.getGammaInfReduced(), 1.0);
-}
-
-TEST(Attribute, SharesTheFactorsInForceWithItsActionType)
-{
-    const FreshContext context;
-    ActionType type(ActionType::Id::SNOW);
+    type.giveFactors(Mode::EC, Classification::BUILDING, BridgeType::ROADWAY);
     StateAttribute attribute(Token::SNOW, &type);
     const StateAttribute sharing(Token::SNOW_CST, &type);
-    for (const Factor& factor : factors) {
-        (attribute.*factor.set)(0.25);
-        EXPECT_EQ((attribute.*factor.get)(), (type.*factor.ofType)())
-            << factor.name << " without a set in force";
+    StateAttribute without(Token::SNOW, nullptr);
+    std::string fixed;
+    for (double value = 0.5; const Factor& factor : factors) {
+        (attribute.*factor.set)(value);
+        (without.*factor.set)(value);
+        value += 0.125;
+        fixed += std::to_string(static_cast<int>((without.*factor.get)())) + " ";
     }
-    type.giveFactors(Mode::EC, Classification::BUILDING, BridgeType::ROADWAY);
-    double value = 0.0;
-    for (const Factor& factor : factors)
-        (attribute.*factor.set)(value += 0.25);
-    value = 0.0;
-    for (const Factor& factor : factors) {
-        SCOPED_TRACE(factor.name);
-        value += 0.25;
+    EXPECT_EQ(fixed, "1 1 1 1 1 1 0 0 1 ");
+    for (double value = 0.5; const Factor& factor : factors) {
         EXPECT_EQ((attribute.*factor.get)(), value);
         EXPECT_EQ((sharing.*factor.get)(), value);
         EXPECT_EQ((type.*factor.ofType)(), value);
+        value += 0.125;
     }
-}
-
-TEST(Attribute, ReducesAGammaAboveTheThresholdForConcrete)
-{
-    const FreshContext context;
-    const double above = std::nextafter(0.99, 1.0);
-    struct Case {
-        DesignMaterial material;
-        double gamma;
-        double reduced;
-    };
-    const Case cases[] = {
-        {DesignMaterial::CONCRETE,           1.35,  1.35 * 0.8 },
-        {DesignMaterial::COMPOSITE_CONCRETE, 1.35,  1.35 * 0.8 },
-        {DesignMaterial::COMPOSITE_STEEL,    1.35,  1.35       },
-        {DesignMaterial::STEEL,              1.35,  1.35       },
-        {DesignMaterial::TIMBER,             1.35,  1.35       },
-        {DesignMaterial::ROPE,               1.35,  1.35       },
-        {DesignMaterial::CONCRETE,           0.99,  0.99       },
-        {DesignMaterial::CONCRETE,           above, above * 0.8},
-    };
-    for (const Case& c : cases) {
-        context->setDesignMaterial(c.material);
-        ActionType type(ActionType::Id::SNOW);
-        type.giveFactors(Mode::EC, Classification::BUILDING, BridgeType::ROADWAY);
-        StateAttribute attribute(Token::SNOW, &type);
-        attribute.setCrackRed(0.8);
-        attribute.setGammaSup(c.gamma);
-        attribute.setGammaInf(2.0);
-        EXPECT_EQ(attribute.getGammaSupReduced(), c.reduced) << c.gamma;
-        attribute.setGammaInf(c.gamma);
-        attribute.setGammaSup(2.0);
-        EXPECT_EQ(attribute.getGammaInfReduced(), c.reduced) << c.gamma;
-    }
+    attribute.setGammaSup(1.35);
+    attribute.setGammaInf(1.25);
+    attribute.setCrackRed(0.8);
+    EXPECT_EQ(attribute.getGammaSupReduced(), 1.35 * 0.8); // the material is concrete
+    EXPECT_EQ(attribute.getGammaInfReduced(), 1.25 * 0.8);
+    EXPECT_EQ(without.getGammaSupReduced() + without.getGammaInfReduced(), 2.0);
 }
 
 TEST(Attribute, ShowsItsOperatorAsASymbol)
@@ -219,45 +120,39 @@ TEST(Attribute, ShowsItsOperatorAsASymbol)
         StateAttribute attribute(Token::SNOW, nullptr);
         attribute.setOperator(Operator{value});
         symbols += "'" + attribute.getOperatorString() + "'";
+        EXPECT_EQ(attribute.hasOperator(), value != 4) << "even what is no operator";
     }
     EXPECT_EQ(symbols, "' ''+''?''+(0?)''?(0?)'' '' '");
 }
 
 TEST(Attribute, IsComparedByValue)
 {
-    struct Case {
-        const char* what;
-        void (*change)(StateAttribute&);
-    };
-    static ActionType other(ActionType::Id::WIND_CST);
-    const Case cases[] = {
-        {"base field",             [](StateAttribute& a) { a.setOperator(Operator::NONE); }               },
-        {"no action type",         [](StateAttribute& a) { a.setActionType(nullptr); }                    },
-        {"other action type",      [](StateAttribute& a) { a.setActionType(&other); }                     },
-        {"exclusion group",        [](StateAttribute& a) { a.setExclGroup(4); }                           },
-        {"combination group",      [](StateAttribute& a) { a.setCombGroup(0); }                           },
-        {"further classification",
-         [](StateAttribute& a) { a.addClassification(Classification::BUILDING); }                         },
-        {"no classification",      [](StateAttribute& a) { a.clearClassifications(); }                    },
-        {"further standard",       [](StateAttribute& a) { a.addStandard(Mode::CSN); }                    },
-        {"other standard",         [](StateAttribute& a) { a.clearStandards(), a.addStandard(Mode::CSN); }},
-        {"further bridge type",    [](StateAttribute& a) { a.addBridgeType(BridgeType::RAILWAY1); }       },
-        {"other bridge type",
-         [](StateAttribute& a) { a.clearBridgeTypes(), a.addBridgeType(BridgeType{6}); }                  },
-    };
     ActionType type(ActionType::Id::SNOW);
     ActionType equalType(ActionType::Id::SNOW);
+    ActionType other(ActionType::Id::WIND_CST);
+    const std::function<void(StateAttribute&)> changes[] = {
+        [](auto& a) { a.setToken(Token::WIND); },
+        [](auto& a) { a.setOperator(Operator::NONE); },
+        [](auto& a) { a.setType(Standard::AttributeType::WIND); },
+        [](auto& a) { a.setLoadType(Standard::AttributeLoadType::UNDEFINED); },
+        [](auto& a) { a.setActionType(nullptr); },
+        [&](auto& a) { a.setActionType(&other); },
+        [](auto& a) { a.setExclGroup(4); },
+        [](auto& a) { a.setCombGroup(0); },
+        [](auto& a) { a.addClassification(Classification::BUILDING); },
+        [](auto& a) { a.addStandard(Mode::CSN); },
+        [](auto& a) { a.clearBridgeTypes(); },
+    };
     const StateAttribute attribute = filled(&type);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (std::size_t i = 0; i < std::size(changes); ++i) {
+        SCOPED_TRACE(i);
         StateAttribute changed = filled(&equalType);
         changed.setActionTypeInstanceFlag(1); // plays no part
         EXPECT_EQ(attribute == changed, 1);
         EXPECT_EQ(attribute != changed, 0);
-        c.change(changed);
+        changes[i](changed);
         EXPECT_EQ(attribute == changed, 0);
         EXPECT_EQ(changed == attribute, 0);
-        EXPECT_EQ(attribute != changed, 1);
         EXPECT_EQ(changed != attribute, 1);
     }
     // Action types compare the sets of the left one only, and so do attributes.
@@ -270,24 +165,35 @@ TEST(Attribute, TakesOverTheDataOfAnotherButForAnActionTypeOfItsOwn)
 {
     ActionType type(ActionType::Id::SNOW);
     ActionType ofItsOwn(ActionType::Id::T);
-    StateAttribute source = filled(&type);
-    source.setActionTypeInstanceFlag(1);
+    for (const bool owns : {false, true}) {
+        StateAttribute source = filled(&type);
+        source.setActionTypeInstanceFlag(!owns);
+        StateAttribute target(Token::WIND, &ofItsOwn);
+        target.addStandard(Mode::CSN);
+        target.setActionTypeInstanceFlag(owns);
+        target.setData(&source);
+        target.setData(nullptr);
+        target.setData(&target);
+        EXPECT_EQ(support::text(target), "SNOW: " + std::string(owns ? "T" : "SNOW") +
+                                             " OR_MINMAX SNOW LANE {BRIDGE} {EC} {ROADWAY} 3 2");
+        EXPECT_EQ(target.getActionTypeInstanceFlag(), owns);
+    }
+}
 
-    StateAttribute sharing(Token::WIND, nullptr);
-    sharing.addStandard(Mode::CSN);
-    sharing.setData(&source);
-    EXPECT_EQ(support::text(sharing), "SNOW: SNOW OR_MINMAX SNOW LANE {BRIDGE} {EC} {ROADWAY} 3 2");
-    EXPECT_EQ(sharing.getActionType(), &type);
-    EXPECT_EQ(sharing.getActionTypeInstanceFlag(), 0);
-
-    StateAttribute owning(Token::WIND, &ofItsOwn);
-    owning.setActionTypeInstanceFlag(1);
-    source.setActionTypeInstanceFlag(0);
-    owning.setData(&source);
-    EXPECT_EQ(support::text(owning), "SNOW: T OR_MINMAX SNOW LANE {BRIDGE} {EC} {ROADWAY} 3 2");
-    EXPECT_EQ(owning.getActionTypeInstanceFlag(), 1);
-
-    owning.setData(nullptr);
-    owning.setData(&owning);
-    EXPECT_EQ(support::text(owning), "SNOW: T OR_MINMAX SNOW LANE {BRIDGE} {EC} {ROADWAY} 3 2");
+TEST(Attribute, ConvertsTokensAsFilesDo)
+{
+    std::string imposed;
+    for (int token = 0; token < support::tokenCount; ++token) {
+        const std::string word = StateAttribute::getPersistenceStringFromToken(Token{token});
+        EXPECT_EQ(word, Standard::XMLUtil::get()->getStringToStateAttrToken(Token{token}));
+        EXPECT_EQ(StateAttribute::getTokenFromPersistenceString(word), Token{token}) << word;
+        if (StateAttribute(Token{token}, nullptr).isImposedLoadType())
+            imposed += word + " ";
+    }
+    EXPECT_EQ(imposed, "NLA NLB NLC NLD NLE NLF NLG NLH ");
+    for (const char* unknown : {"traffic", " TRAFFIC", "TRAFFIC ", ""})
+        EXPECT_EQ(StateAttribute::getTokenFromPersistenceString(unknown), Token::UNDEFINED);
+    // Only here a value that is no token has no word at all; in files it is written "-".
+    for (const int token : {-1, support::tokenCount})
+        EXPECT_EQ(StateAttribute::getPersistenceStringFromToken(Token{token}), "");
 }

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -61,13 +60,6 @@ protected:
         context_->input(directory_.write("read.xml", document));
     }
 
-    /// Writes the settings and gives the path.
-    std::string written(const std::string& name = "written.xml")
-    {
-        context_->output(directory_.file(name));
-        return directory_.file(name);
-    }
-
     FreshContext context_;
     TemporaryDirectory directory_;
 };
@@ -79,31 +71,17 @@ std::string inSettings(const std::string& elements)
 
 } // namespace
 
-TEST_F(SettingsFile, HoldsTheEightSettingsBelowOneRoot)
-{
-    setOthers(*ZelStandard::get());
-    support::expectGolden("settings.xml", support::unixLines(readFile(written())));
-}
-
 TEST_F(SettingsFile, ReadsBackAsItWasWritten)
 {
-    // Each setting runs through its values.
-    for (int value = 0; value <= 8; ++value) {
-        context_->setMode(static_cast<Mode>(value));
-        context_->setClassification(static_cast<Classification>(1 + value % 2));
-        context_->setBridgeType(static_cast<BridgeType>(1 + value % 5));
-        context_->setBuildingType(static_cast<BuildingType>(1 + value / 2 % 2));
-        context_->setDesignMaterial(static_cast<DesignMaterial>(value % 6));
-        context_->setSituation(static_cast<DesignSituation>(value % 3));
-        context_->setDuctilityClass(static_cast<DuctilityClass>(value / 3));
-        context_->setServiceClass(3 - value / 3);
-        const std::string before = settings();
-        const std::string first = written("first.xml");
-        setOthers(*ZelStandard::get());
-        context_->input(first);
-        EXPECT_EQ(settings(), before);
-        EXPECT_EQ(readFile(written("second.xml")), readFile(first));
-    }
+    setOthers(*ZelStandard::get());
+    // The file is replaced as a whole.
+    const std::string file = directory_.write(
+        "full.xml", "<SMOD><SETTINGS/><COEFFICIENTS/></SMOD>" + std::string(10000, '\n'));
+    context_->output(file);
+    support::expectGolden("settings.xml", support::unixLines(readFile(file)));
+    read("<SMOD><SETTINGS/></SMOD>");
+    context_->input(file);
+    EXPECT_EQ(settings(), others);
 }
 
 TEST_F(SettingsFile, SetsWhatIsMissingOrUnknownToFixedValues)
@@ -136,18 +114,14 @@ TEST_F(SettingsFile, SetsWhatIsMissingOrUnknownToFixedValues)
 TEST_F(SettingsFile, TakesServiceClassesOneToThree)
 {
     const std::pair<const char*, int> cases[] = {
-        {"1",           1},
-        {"2",           2},
         {"3",           3},
-        {"7",           1},
+        {" 3 ",         3},
         {"4",           1},
         {"0",           1},
-        {"",            1},
         {"-2",          1},
-        {"x",           1},
-        {" 3 ",         3},
         {"2.5",         1},
-        {"99999999999", 1},
+        {"",            1},
+        {"99999999999", 1}
     };
     for (const auto& [text, expected] : cases) {
         read(inSettings("<SERVICE_CLASS>" + std::string(text) + "</SERVICE_CLASS>"));
@@ -155,30 +129,22 @@ TEST_F(SettingsFile, TakesServiceClassesOneToThree)
     }
 }
 
-TEST_F(SettingsFile, ReadsTheOddWordsOfBridges)
-{
-    read(inSettings("<BRIDGETYPE>FOOTBRIDGE2</BRIDGETYPE>"));
-    EXPECT_EQ(context_->getBridgeType(), BridgeType::FOOTBRIDGE1);
-    read(inSettings("<CLASSIFICATION_MODE>BRIDGE</CLASSIFICATION_MODE>"));
-    EXPECT_EQ(context_->getClassification(), Classification::BRIDGE);
-    EXPECT_FALSE(context_->isRailwayBridge());
-}
-
 TEST_F(SettingsFile, LosesTheSecondFootbridgeType)
 {
     context_->setClassification(Classification::BRIDGE);
     context_->setBridgeType(BridgeType::FOOTBRIDGE2);
-    const std::string file = written();
+    const std::string file = directory_.file("written.xml");
+    context_->output(file);
     EXPECT_NE(readFile(file).find("<BRIDGETYPE>-</BRIDGETYPE>"), std::string::npos);
     context_->input(file);
     EXPECT_EQ(context_->getBridgeType(), BridgeType::ROADWAY);
     EXPECT_FALSE(context_->isFootbridge());
-}
 
-TEST_F(SettingsFile, NeverHoldsABridgeTypeBelowTheFirst)
-{
-    context_->setBridgeType(static_cast<BridgeType>(0));
-    EXPECT_NE(readFile(written()).find("<BRIDGETYPE>ROADWAY</BRIDGETYPE>"), std::string::npos);
+    // The stored type is 0 now; no file ever holds one below the first.
+    context_->output(file);
+    EXPECT_NE(readFile(file).find("<BRIDGETYPE>ROADWAY</BRIDGETYPE>"), std::string::npos);
+    read(inSettings("<BRIDGETYPE>FOOTBRIDGE2</BRIDGETYPE>"));
+    EXPECT_EQ(context_->getBridgeType(), BridgeType::FOOTBRIDGE1);
 }
 
 TEST_F(SettingsFile, IsFoundBelowAnyRoot)
@@ -208,17 +174,6 @@ TEST_F(SettingsFile, ChangesNothingWhenItCannotBeRead)
         context_->input(path);
         EXPECT_EQ(settings(), others) << path;
     }
-}
-
-TEST_F(SettingsFile, IsReplacedAsAWhole)
-{
-    const std::string file =
-        directory_.write("full.xml", "<SMOD><SETTINGS/><COEFFICIENTS/><STRESSBLOCK/>"
-                                     "<STATEINSTRUCTIONS/></SMOD>" +
-                                         std::string(10000, '\n'));
-    setOthers(*ZelStandard::get());
-    context_->output(file);
-    support::expectGolden("settings.xml", support::unixLines(readFile(file)));
 }
 
 TEST_F(SettingsFile, GoesIntoATreeWithoutTouchingTheRest)

@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <charconv>
+#include <iomanip>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "actions/Catalogue.h"
@@ -15,7 +16,6 @@
 #include "support/Golden.h"
 
 using namespace Standard;
-using support::FactorField;
 using support::Row;
 
 namespace
@@ -26,12 +26,6 @@ const SafetyFactors* factors(const ActionType& type, Mode code, const support::S
     return type.getFactors(code, structure.classification, structure.bridgeType);
 }
 
-std::string padded(std::string text, std::size_t width)
-{
-    text.resize(std::max(text.size(), width), ' ');
-    return text;
-}
-
 /// All action types by structure, nine factors each; "-" where a type has none.
 std::string factorTable(const ActionTypeManager& catalogue, Mode code)
 {
@@ -40,17 +34,14 @@ std::string factorTable(const ActionTypeManager& catalogue, Mode code)
         result += "== " + support::codeWord(code) + " " + structure.word + "\n";
         result += "            sup   inf   psi0  psi1  psi2  psi11 psi21 psi22 crack\n";
         for (const ActionType* type : catalogue.getActionTypes()) {
-            std::string line = padded(XMLUtil::get()->getStringToActionType(type->getId()), 12);
+            std::ostringstream line;
+            line << std::left << std::setw(12)
+                 << XMLUtil::get()->getStringToActionType(type->getId());
             const SafetyFactors* set = factors(*type, code, structure);
-            for (const FactorField& field : support::factorFields) {
-                char text[32] = "-";
-                if (set)
-                    *std::to_chars(text, text + sizeof text - 1, (set->*field.get)()).ptr = '\0';
-                line += padded(text, 6);
-                if (!set)
-                    break;
-            }
-            result += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
+            std::istringstream cells(set ? support::text(*set) : "-");
+            for (std::string cell; cells >> cell;)
+                line << std::setw(6) << cell;
+            result += line.str().substr(0, line.str().find_last_not_of(' ') + 1) + "\n";
         }
         result += "\n";
     }

@@ -17,11 +17,6 @@ using support::TemporaryDirectory;
 namespace
 {
 
-std::string settingsOf(const std::string& material)
-{
-    return "<SMOD><SETTINGS><DESIGNMATERIAL>" + material + "</DESIGNMATERIAL></SETTINGS></SMOD>";
-}
-
 class BackslashPaths : public testing::Test
 {
 protected:
@@ -37,38 +32,30 @@ protected:
 
 } // namespace
 
-TEST_F(BackslashPaths, LeadToAFileBySlashes)
+TEST_F(BackslashPaths, LeadToAFileBySlashesButFirstToTheOneOfThatVeryName)
 {
-    directory_.write("Profiles/Standard.xml", settingsOf("TIMBER"));
-    for (const std::string& path :
-         {context_->getDataBaseDir(), directory_.path().string() + "\\Profiles/Standard.xml",
-          directory_.path().string() + "/Profiles\\Standard.xml"}) {
+    const std::string top = directory_.path().string();
+    directory_.write("Profiles/Standard.xml",
+                     "<SETTINGS><DESIGNMATERIAL>TIMBER</DESIGNMATERIAL></SETTINGS>");
+    for (const std::string& path : {context_->getDataBaseDir(), top + "\\Profiles/Standard.xml",
+                                    top + "/Profiles\\Standard.xml"}) {
         context_->setDesignMaterial(DesignMaterial::STEEL);
         context_->input(path);
         EXPECT_EQ(context_->getDesignMaterial(), DesignMaterial::TIMBER) << path;
     }
-}
-
-TEST_F(BackslashPaths, LeadToTheFileOfThatVeryNameFirst)
-{
-    directory_.write("Profiles/Standard.xml", settingsOf("TIMBER"));
-    const std::string literal = directory_.write("Profiles\\Standard.xml", settingsOf("ROPE"));
-    context_->input(literal);
+    context_->input(directory_.write("Profiles\\Standard.xml",
+                                     "<SETTINGS><DESIGNMATERIAL>ROPE</DESIGNMATERIAL></SETTINGS>"));
     EXPECT_EQ(context_->getDesignMaterial(), DesignMaterial::ROPE);
-}
-
-TEST_F(BackslashPaths, LeadNowhereWhenThereIsNoFile)
-{
-    context_->setServiceClass(2);
-    context_->input(context_->getDataBaseDir());
-    context_->input("\\");
-    context_->input(std::string(5000, '\\'));
-    EXPECT_EQ(context_->getServiceClass(), 2);
 }
 
 TEST_F(BackslashPaths, AreWrittenToAsTheyAreRead)
 {
     context_->setServiceClass(3);
+    // There is no such file yet.
+    for (const std::string& path : {context_->getDataBaseDir(), std::string(5000, '\\')})
+        context_->input(path);
+    EXPECT_EQ(context_->getServiceClass(), 3);
+
     context_->output(context_->getDataBaseDir());
     EXPECT_TRUE(std::filesystem::exists(directory_.path() / "Profiles" / "Standard.xml"));
     EXPECT_FALSE(std::filesystem::exists(context_->getDataBaseDir()));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -26,33 +25,26 @@ struct Coefficient {
     int firstKey;
     double (*get)(Mode mode, int key);
     void (*set)(Mode mode, int key, double value);
-    std::string (*word)(int key);
 };
 
-template <auto Get, auto Set, class Key> constexpr Coefficient coefficient(const char* element)
+template <class Key, auto Get, auto Set>
+constexpr Coefficient coefficient(const char* element, int firstKey)
 {
-    constexpr bool bySituation = std::is_same_v<Key, Standard::DesignSituation>;
-    return {element, bySituation ? 0 : 1,
+    return {element, firstKey,
             [](Mode mode, int key) { return (Coefficients::get()->*Get)(mode, Key{key}); },
             [](Mode mode, int key, double value) {
                 (Coefficients::get()->*Set)(mode, Key{key}, value);
-            },
-            [](int key) {
-                if constexpr (bySituation)
-                    return Standard::XMLUtil::get()->getStringToDgnSituation(Key{key});
-                else
-                    return Standard::XMLUtil::get()->getStringToClassification(Key{key});
             }};
 }
 
 template <auto Get, auto Set> constexpr Coefficient gamma(const char* element)
 {
-    return coefficient<Get, Set, Standard::DesignSituation>(element);
+    return coefficient<Standard::DesignSituation, Get, Set>(element, 0);
 }
 
 template <auto Get, auto Set> constexpr Coefficient alpha(const char* element)
 {
-    return coefficient<Get, Set, Standard::Classification>(element);
+    return coefficient<Standard::Classification, Get, Set>(element, 1);
 }
 
 inline constexpr Coefficient coefficients[] = {
@@ -131,14 +123,5 @@ inline void readCoefficients(const std::string& document)
     build(tree, document);
     Coefficients::get()->input(tree.getRoot());
 }
-
-/// A test with coefficients that nobody gave, and no settings file.
-class CoefficientsTest : public testing::Test
-{
-protected:
-    CoefficientsTest() { clearCoefficients(); }
-
-    FreshContext context_;
-};
 
 } // namespace support

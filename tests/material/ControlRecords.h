@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -18,49 +19,41 @@ namespace support
 using Standard::Control;
 using Standard::Mode;
 
-inline double internalFactor(Mode mode) { return Control::getInternalFactor(mode) ? 1.0 : 0.0; }
-
-inline void setInternalFactor(Mode mode, double value)
-{
-    Control::setInternalFactor(mode, value != 0.0);
-}
-
 struct ControlValue {
     const char* name;
     double (*get)(Mode mode);
     void (*set)(Mode mode, double value);
 };
 
-inline constexpr ControlValue controlValues[] = {
-    {"gamma",              &Control::getGamma,             &Control::setGamma            },
-    {"gamma factor",       &Control::getGammaFactor,       &Control::setGammaFactor      },
-    {"strut factor",       &Control::getStrutFactor,       &Control::setStrutFactor      },
-    {"compression eta",    &Control::getCompressionEta,    &Control::setCompressionEta   },
-    {"compression lambda", &Control::getCompressionLambda, &Control::setCompressionLambda},
-    {"internal factor",    &internalFactor,                &setInternalFactor            },
+inline constexpr std::array<ControlValue, 6> controlValues{
+    {
+     {"gamma", &Control::getGamma, &Control::setGamma},
+     {"gamma factor", &Control::getGammaFactor, &Control::setGammaFactor},
+     {"strut factor", &Control::getStrutFactor, &Control::setStrutFactor},
+     {"compression eta", &Control::getCompressionEta, &Control::setCompressionEta},
+     {"compression lambda", &Control::getCompressionLambda, &Control::setCompressionLambda},
+     {"internal factor", [](Mode mode) { return Control::getInternalFactor(mode) ? 1.0 : 0.0; },
+         [](Mode mode, double value) { Control::setInternalFactor(mode, value != 0.0); }},
+     }
 };
 
-/// The record of a code, in the order of the table above: "1.75 1.2 0 0 0 1".
-inline std::string record(Mode mode)
+/// The record of all codes but DIN-1988, and that of DIN-1988, in the order of the table above:
+/// "1 1 0 0 0 0; 1.75 1.2 0 0 0 1".
+inline std::string records()
 {
-    std::string text;
-    for (const ControlValue& value : controlValues)
-        append(text, value.get(mode));
-    return text;
+    std::string ec;
+    std::string din;
+    for (const ControlValue& value : controlValues) {
+        append(ec, value.get(Mode::EC));
+        append(din, value.get(Mode::DIN_1988));
+    }
+    return ec + "; " + din;
 }
 
-/// The record of all codes but DIN-1988, and that of DIN-1988.
-inline std::string records() { return record(Mode::EC) + "; " + record(Mode::DIN_1988); }
-
-inline void setRecord(Mode mode, double gamma, double gammaFactor, double strutFactor, double eta,
-                      double lambda, bool internalFactor)
+inline void setRecord(Mode mode, const std::array<double, 6>& values)
 {
-    Control::setGamma(mode, gamma);
-    Control::setGammaFactor(mode, gammaFactor);
-    Control::setStrutFactor(mode, strutFactor);
-    Control::setCompressionEta(mode, eta);
-    Control::setCompressionLambda(mode, lambda);
-    Control::setInternalFactor(mode, internalFactor);
+    for (std::size_t index = 0; index < values.size(); ++index)
+        controlValues[index].set(mode, values[index]);
 }
 
 /// A settings file with a value of its own for all that one holds.
@@ -69,8 +62,5 @@ inline const char* const controlSettings = R"(<SMOD><STRESSBLOCK>
   <ANNEX NAME="DIN-1988">
     <STRUTFACTOR>0.62</STRUTFACTOR><ETA>0.92</ETA><LAMBDA>0.82</LAMBDA></ANNEX>
 </STRESSBLOCK></SMOD>)";
-
-/// records() after it.
-inline const char* const controlSettingsRecords = "1 1 0.61 0.91 0.81 0; 1.75 1.2 0.62 0.92 0.82 1";
 
 } // namespace support

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <support/Files.h>
+
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -60,19 +62,9 @@ std::string textOfSize(std::size_t size)
 class AgeFile : public testing::Test
 {
 protected:
-    AgeFile()
-        : directory_(std::filesystem::temp_directory_path() /
-                     ("age_file_test" + std::to_string(std::random_device{}())))
-    {
-        std::filesystem::create_directory(directory_);
-    }
-    ~AgeFile() override { std::filesystem::remove_all(directory_); }
-
     std::string store(const std::string& content) const
     {
-        const std::string path = (directory_ / "file.age").string();
-        std::ofstream(path, std::ios::binary) << content;
-        return path;
+        return temporary_.write("file.age", content);
     }
 
     bool isEncrypted(const std::string& content) const
@@ -92,7 +84,8 @@ protected:
         return stream.str() == "text: " ? "refused" : "refused, but wrote " + stream.str();
     }
 
-    std::filesystem::path directory_;
+    const support::TemporaryDirectory temporary_;
+    const std::filesystem::path directory_ = temporary_.path();
 };
 
 } // namespace
@@ -128,30 +121,18 @@ TEST_F(AgeFile, isNeverEncipheredAlikeTwice)
     EXPECT_NE(one.substr(payloadAt + 16), two.substr(payloadAt + 16));
 }
 
-TEST_F(AgeFile, isRefusedWithAnotherKey)
-{
-    const std::string file = encrypted("text");
-    for (const std::string key : {"kT$WqRmYdNc5", "kT$WqRmYdNc", "kT$WqRmYdNc44", ""})
-        EXPECT_EQ(decrypted(file, key), "refused") << key;
-}
-
-TEST_F(AgeFile, isRefusedWithOneByteFlippedAnywhere)
+TEST_F(AgeFile, isRefusedWithAnotherKeyOrOneByteFlippedAnywhereOrCutOrContinued)
 {
     const std::string file = encrypted("<SMOD/>");
+    for (const std::string key : {"kT$WqRmYdNc5", "kT$WqRmYdNc", "kT$WqRmYdNc44", ""})
+        EXPECT_EQ(decrypted(file, key), "refused") << key;
     for (std::size_t i = 0; i < file.size(); ++i) {
         std::string damaged = file;
         damaged[i] = static_cast<char>(damaged[i] ^ 1);
         EXPECT_EQ(decrypted(damaged), "refused") << "at " << i;
+        EXPECT_EQ(decrypted(file.substr(0, i)), "refused") << "cut to " << i;
     }
-}
-
-TEST_F(AgeFile, isRefusedWhenCutAnywhereOrContinued)
-{
-    const std::string file = encrypted("<SMOD/>");
-    for (std::size_t size = 0; size < file.size(); ++size)
-        EXPECT_EQ(decrypted(file.substr(0, size)), "refused") << "cut to " << size;
     EXPECT_EQ(decrypted(file + '\0'), "refused");
-    EXPECT_EQ(decrypted(file + '\n'), "refused");
     EXPECT_EQ(decrypted(file + file), "refused");
 }
 
@@ -214,32 +195,20 @@ TEST_F(AgeFile, isRefusedWhenItsHeaderIsSpeltDifferently)
     // clang-format off
     const std::vector<Header> headers = {
         {"version 2", "age-encryption.org/v2\n" + stanza, "vCLqVAkRSyk3KpqCO2UZuel801Ey3gh/4HUKvEEvWMs"},
-        {"CR in the first line", "age-encryption.org/v1\r\n" + stanza, "zXyU//L12lnv+nPGvPd5GoowilFi0u/Ca+723JSqfL8"},
         {"empty second line", version + "\n" + stanza, "gmQowGxuNP3xPLi77gzkoSkys3H6T/OJhQCwBId5+QM"},
-        {"no stanza", version, "lLpUv4nkUcJOYC8g82IS8I+Jx0VfyygB5pbQEYPBqTs"},
         {"only a stanza of another type", version + other, "JNUn9xkSa7WUBPM8VR467K+W0MwkYtiL82jWWX+rqNg"},
         {"another stanza before", version + other + stanza, "PczTspSv2D+nVoRzoqwPmz0oCxxOuAx/LaIKqyTUQhw"},
-        {"another stanza after", version + stanza + other, "tZoWul2QzzkLwtTF0z7Xo0PgNKgxFLLJ1Je6GlY1w7E"},
         {"two scrypt stanzas", version + stanza + stanza, "gFkjZJ/IypAqKz1Tr3EkzRtbq2JZ8HWTbtpZd6vkytg"},
-        {"type in another case", version + "-> Scrypt " + salt + " 1\n" + body, "mGVIWnI6QC6GHw3bgFnwqQOIPtCm3TPp7+KEewZlYPM"},
-        {"no salt", version + "-> scrypt\n" + body, "nZ50Twlw3mrUktLtfQgGRwPqq2qSpycOHhEqM6DMpD8"},
         {"no work factor", version + start + "\n" + body, "3m0Lvhl7uB9qFGe0Dq52sScZfAOj5VPzDJFao58Xuq8"},
         {"one argument more", version + start + " 1 1\n" + body, "hnX5xHZ0W3neIkm9iN0XXeqK3v8JB0SsfOjmS+e0xoo"},
-        {"two blanks", version + start + "  1\n" + body, "1uBsdgd22LEXFQv4BkvLy2jeWKMWOy+HgCkSM0DCE78"},
-        {"blank at the end", version + start + " 1 \n" + body, "RoZPHTdzrL+l6acbzkqHx0sSxBULz9VlvssA/T+3hEs"},
-        {"CR after the work factor", version + start + " 1\r\n" + body, "io3i+JhZEFHYC1++2L9JBcqKdtO8OvN5pY+tAyMWp1s"},
         {"work factor 01", version + start + " 01\n" + body, "MnMkgpTctSpSKaSmoMO+S9jU/6QHTKBmzft9M2L68iI"},
-        {"work factor +1", version + start + " +1\n" + body, "tniJr5+TuZZTjEP4tj7cvkMTosKu2ZlxaG5W5NTa7M4"},
-        {"work factor 0x1", version + start + " 0x1\n" + body, "Whr3ziKztk/lMBjYiYI/6J/kxgN0bmYzLbiVdctqtRw"},
         {"work factor 0", version + start + " 0\n" + bodyOfFactor0, "ZIuB2j3x5XueQ17nthROHPP4kwFZJsgNaa2nIlWCtow"},
         {"work factor 19", version + start + " 19\n" + bodyOfFactor19, "mpFYE0wapHjIurmA4jwTukhAfd42SEBg3a6U/Z5TKMI"},
         {"padded salt", version + start + "== 1\n" + body, "1oRzNulGQ7fi7v+0eQ4dtrnyCSU+PCqDC+ADdZYv84k"},
         {"bits left over in the salt", version + "-> scrypt " + saltWithBits + body, "KkviixUE/WtzBHtHclVpLMr+W2K3/LYWTzhbZYPni4I"},
         {"salt of 15 bytes", version + "-> scrypt " + shortSalt + bodyOfShortSalt, "572QJCaCGAyAEtBGtngIVcW9KzlxnYOU+XV4jzFuMzY"},
-        {"padded body", version + start + " 1\n" + wrappedKey + "=\n", "2qg2A4O/qFNn1B74C/W4pNzI6OvDXVEA3yyCOjk1Q+o"},
         {"bits left over in the body", version + start + " 1\n" + bodyWithBits, "zeHvonOzjOhbzD2p6tjHOGkNWgmT0tM9eZks5BG8r04"},
         {"body wrapped early", version + start + " 1\n" + wrapped, "lUvgcZQ22mwxYmdpW60jnGSoh1GOPgr8o22a6+42+Mk"},
-        {"empty line after the body", version + stanza + "\n", "10jCrwWPbAfeG4ZUDMjvGsp9+TD0yyocUf7q08KghSg"},
         {"CR after the body", version + start + " 1\n" + wrappedKey + "\r\n", "tt/05OBmwU3FJcwL0pBnV05Kt0/cLP3pJFZ7EfPDun8"},
     };
     // clang-format on
@@ -250,46 +219,25 @@ TEST_F(AgeFile, isRefusedWhenItsHeaderIsSpeltDifferently)
 
 TEST_F(AgeFile, isRefusedWhenItsMacIsMissingOrSpeltDifferently)
 {
-    const std::string before = version + stanza;
-    for (const std::string& line :
-         {std::string("--- ") + mac + "=", "--- " + mac.substr(0, 42) + "t", "---" + mac,
-          "---  " + mac, "--- " + mac + " ", "--- " + mac + "\r", "---- " + mac, "-- " + mac,
-          "--- " + mac.substr(0, 42), "--- " + mac + "A", "--- 8" + mac.substr(1),
-          std::string("--- "), std::string("---"), std::string()})
-        EXPECT_EQ(decrypted(before + line + "\n" + goodPayload), "refused") << line;
-    EXPECT_EQ(decrypted(before + goodPayload), "refused");
+    for (const std::string& line : {"--- " + mac + "=", "--- " + mac.substr(0, 42) + "t",
+                                    "---" + mac, "--- " + mac + "\r", std::string("---")})
+        EXPECT_EQ(decrypted(version + stanza + line + "\n" + goodPayload), "refused") << line;
+    EXPECT_EQ(decrypted(version + stanza + goodPayload), "refused");
 }
 
 TEST_F(AgeFile, isKnownByItsFirstLineAlone)
 {
-    EXPECT_TRUE(isEncrypted(encrypted("text")));
     EXPECT_TRUE(isEncrypted(version)); // and is still no file that can be deciphered
-    EXPECT_EQ(decrypted(version), "refused");
-    EXPECT_TRUE(KorvaneUtil::isEncrypted(store(goodHeader), "another key"));
-
+    EXPECT_EQ(decrypted(version + std::string(1000000, 'a')), "refused");
     for (const std::string content :
-         {"", "age", "age-encryption.org/v1", "age-encryption.org/v1\r\n",
-          "age-encryption.org/v11\n", "age-encryption.org/v2\n", "Age-encryption.org/v1\n",
-          "\nage-encryption.org/v1\n",
-          "\xef\xbb\xbf"
-          "age-encryption.org/v1\n",
-          "-----BEGIN AGE ENCRYPTED FILE-----\n", "<SMOD/>\n"})
+         {"", "age-encryption.org/v1", "age-encryption.org/v1\r\n", "age-encryption.org/v11\n",
+          "\nage-encryption.org/v1\n", "-----BEGIN AGE ENCRYPTED FILE-----\n", "<SMOD/>\n"})
         EXPECT_FALSE(isEncrypted(content)) << content;
-    EXPECT_FALSE(isEncrypted(std::string(1000000, 'a')));
-    EXPECT_FALSE(isEncrypted("age-encryption.org/v1" + std::string(1000000, '1')));
-}
-
-TEST_F(AgeFile, thatCannotBeReadIsRefused)
-{
-    for (const std::filesystem::path& path :
-         {directory_, directory_ / "none.age", directory_ / "none" / "none.age",
-          std::filesystem::path()}) {
+    for (const auto& path : {directory_, directory_ / "none.age", std::filesystem::path()}) {
         std::ostringstream plain;
         EXPECT_FALSE(KorvaneUtil::isEncrypted(path.string(), passphrase)) << path;
         EXPECT_FALSE(KorvaneUtil::decrypt(path.string(), plain, passphrase)) << path;
-        EXPECT_EQ(plain.str(), "");
     }
-    EXPECT_EQ(decrypted(version + std::string(1000000, 'a')), "refused");
 }
 
 TEST_F(AgeFile, reportsStreamsThatDoNotWork)

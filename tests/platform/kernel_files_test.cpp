@@ -58,14 +58,6 @@ TEST(MoveFile, NeverReplacesATarget)
     EXPECT_EQ(support::readFile(to), "new") << "a folder that does not exist";
 }
 
-TEST(DeleteFile, RefusesDirectories)
-{
-    const support::TemporaryDirectory directory;
-    EXPECT_EQ(DeleteFileA(directory.path().string().c_str()), FALSE);
-    EXPECT_TRUE(fs::exists(directory.path()));
-    EXPECT_EQ(DeleteFileA(directory.file("none").c_str()), FALSE);
-}
-
 TEST(CopyFile, ReplacesContentsUnlessTold)
 {
     const support::TemporaryDirectory directory;
@@ -80,15 +72,6 @@ TEST(CopyFile, ReplacesContentsUnlessTold)
     EXPECT_EQ(fs::file_size(from), fs::file_size(to)) << "a source that does not exist";
 }
 
-TEST(FileAttributes, TellFilesFromDirectories)
-{
-    const support::TemporaryDirectory directory;
-    const std::string file = directory.write("a", "");
-    EXPECT_EQ(GetFileAttributesA(file.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
-    EXPECT_NE(GetFileAttributesA(directory.path().string().c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
-    EXPECT_EQ(GetFileAttributesA(directory.file("none").c_str()), INVALID_FILE_ATTRIBUTES);
-}
-
 TEST(ShortPath, NamesAnExistingFile)
 {
     const support::TemporaryDirectory directory;
@@ -98,4 +81,10 @@ TEST(ShortPath, NamesAnExistingFile)
     EXPECT_EQ(support::readFile(path), "x");
     EXPECT_GT(GetShortPathNameA(file.c_str(), path.data(), 3), 3U) << "the length that is needed";
     EXPECT_EQ(GetShortPathNameA(directory.file("none").c_str(), path.data(), 4096), 0U);
+
+    const std::string folder = directory.path().string();
+    EXPECT_EQ(GetFileAttributesA(file.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
+    EXPECT_NE(GetFileAttributesA(folder.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
+    EXPECT_EQ(DeleteFileA(folder.c_str()), FALSE) << "a directory";
+    EXPECT_TRUE(std::filesystem::exists(directory.path()));
 }

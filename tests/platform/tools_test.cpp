@@ -3,12 +3,10 @@
 #include <filesystem>
 #include <string>
 
-#include <support/Files.h>
 #include <zelstandard/platform/Tools.h>
 #include <zelsuite/zelsuite.h>
 
 namespace fs = std::filesystem;
-using namespace std::string_literals;
 
 TEST(StringCompare, MatchesByItsMode)
 {
@@ -31,18 +29,6 @@ TEST(StringCompare, MatchesByItsMode)
         EXPECT_EQ(Tools::StringCompare(row.searched, 2)(row.candidate), row.mode0) << row.searched;
         EXPECT_EQ(Tools::StringCompare(row.searched, 1)(row.candidate), row.mode1) << row.searched;
     }
-}
-
-TEST(FileExists, TakesTheNameAsItIsWritten)
-{
-    const support::TemporaryDirectory directory;
-    const std::string file = directory.write("a b.xml", "");
-    EXPECT_TRUE(Tools::File::exists(file));
-    EXPECT_TRUE(Tools::File::exists(directory.path().string()));
-    EXPECT_FALSE(Tools::File::exists(directory.file("a")));
-    EXPECT_FALSE(Tools::File::exists(file + "\0x"s));
-    EXPECT_FALSE(Tools::File::exists(file + "/below"));
-    EXPECT_FALSE(Tools::File::exists(""));
 }
 
 TEST(InstallationDirectory, IsTheHostsOrBesideTheLibrary)

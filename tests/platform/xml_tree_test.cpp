@@ -102,80 +102,59 @@ private:
 
 TEST(XmlTree, GivesNoTreeOfAMalformedDocument)
 {
-    const struct {
-        const char* reason;
-        std::string document;
-    } rows[] = {
-        {"empty",                        ""                                                   },
-        {"white space alone",            " \n"                                                },
-        {"comment alone",                "<!-- a -->"                                         },
-        {"text alone",                   "a"                                                  },
-        {"text before the root",         "x<a/>"                                              },
-        {"text behind the root",         "<a/>x"                                              },
-        {"CDATA behind the root",        "<a/><![CDATA[x]]>"                                  },
-        {"reference behind the root",    "<a/>&#32;"                                          },
-        {"two roots",                    "<a/><b/>"                                           },
-        {"NUL in text",                  "<a>\0</a>"s                                         },
-        {"NUL at the end",               "<a/>\0"s                                            },
-        {"control character",            "<a>\x01</a>"                                        },
-        {"U+FFFE",                       "<a>\xEF\xBF\xBE</a>"                                },
-        {"root not closed",              "<a>"                                                },
-        {"root half closed",             "<a></a"                                             },
-        {"tag cut off",                  "<a"                                                 },
-        {"child not closed",             "<a><b></a>"                                         },
-        {"end tags crossed",             "<a><b></a></b>"                                     },
-        {"end tag without a start",      "</a>"                                               },
-        {"end tag too many",             "<a/></a>"                                           },
-        {"name begins with a digit",     "<1a/>"                                              },
-        {"name with a sign",             "<a\xC3\x97/>"                                       },
-        {"blank before the name",        "< a/>"                                              },
-        {"attribute without value",      "<a b/>"                                             },
-        {"attribute not quoted",         "<a b=1/>"                                           },
-        {"attribute not closed",         "<a b=\"1/>"                                         },
-        {"attribute begins with a dot",  "<a .b=\"1\"/>"                                      },
-        {"attributes not apart",         "<a b=\"1\"c=\"2\"/>"                                },
-        {"< in an attribute",            "<a b=\"<\"/>"                                       },
-        {"& alone in an attribute",      "<a b=\"&\"/>"                                       },
-        {"& alone",                      "<a>this & that</a>"                                 },
-        {"reference without ;",          "<a>&amp</a>"                                        },
-        {"entity that is not declared",  "<a>&nbsp;</a>"                                      },
-        {"reference to NUL",             "<a>&#0;</a>"                                        },
-        {"reference to a surrogate",     "<a>&#xD800;</a>"                                    },
-        {"reference beyond Unicode",     "<a>&#x110000;</a>"                                  },
-        {"reference to no number",       "<a>&#x;</a>"                                        },
-        {"]]> in text",                  "<a>]]></a>"                                         },
-        {"-- in a comment",              "<a><!-- -- --></a>"                                 },
-        {"comment ends in --->",         "<a><!-- ---></a>"                                   },
-        {"comment not closed",           "<a/><!-- "                                          },
-        {"CDATA not closed",             "<a><![CDATA[x]]</a>"                                },
-        {"instruction not closed",       "<a><?p </a>"                                        },
-        {"declaration not first",        " <?xml version=\"1.0\"?><a/>"                       },
-        {"declaration without version",  "<?xml encoding=\"UTF-8\"?><a/>"                     },
-        {"declaration, odd standalone",  "<?xml version=\"1.0\" standalone=\"1\"?><a/>"       },
-        {"declaration not closed",       "<?xml version=\"1.0\"><a/>"                         },
-        {"document type not closed",     "<!DOCTYPE a [<!ENTITY b \"]>\"><a/>"                },
-        {"document type after the root", "<a/><!DOCTYPE a>"                                   },
-        {"two document types",           "<!DOCTYPE a><!DOCTYPE a><a/>"                       },
-        {"overlong UTF-8",               "<a>\xC0\x80</a>"                                    },
-        {"overlong UTF-8, three bytes",  "<a>\xE0\x80\xAF</a>"                                },
-        {"surrogate in UTF-8",           "<a>\xED\xA0\x80</a>"                                },
-        {"UTF-8 beyond Unicode",         "<a>\xF4\x90\x80\x80</a>"                            },
-        {"UTF-8 cut off",                "<a>\xC3</a>"                                        },
-        {"UTF-8 not begun",              "<a>\xA4</a>"                                        },
-        {"two byte order marks",         "\xEF\xBB\xBF\xEF\xBB\xBF<a/>"                       },
-        {"beyond US-ASCII",              in("US-ASCII") + "<a>\xC3\xA4</a>"                   },
-        {"unknown encoding",             in("EBCDIC") + "<a/>"                                },
-        {"UTF-16 declared in bytes",     in("UTF-16") + "<a/>"                                },
-        {"two encodings",                "\xEF\xBB\xBF" + in("ISO-8859-1") + "<a/>"           },
-        {"UTF-16 with an odd byte",      little(u"\uFEFF<a/>") + " "                          },
-        {"UTF-16, half a pair in front", little(u"\uFEFF<a>\xD83D</a>")                       },
-        {"UTF-16, half a pair behind",   big(u"\uFEFF<a>\xDE00\xDE00</a>")                    },
-        {"UTF-16 declared as UTF-8",     little(u"<?xml version='1.0' encoding='UTF-8'?><a/>")},
-        {"UTF-16, other end declared",   big(u"<?xml version='1.0' encoding='UTF-16LE'?><a/>")},
-        {"UTF-16, nothing tells",        big(u"<?xml version='1.0'?><a/>")                    },
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(rewritten(row.document), "none") << row.reason;
+    for (const std::string& document : {""s,
+                                        "x<a/>"s,
+                                        "<a/>x"s,
+                                        "<a/><![CDATA[x]]>"s,
+                                        "<a/><b/>"s,
+                                        "<a>\0</a>"s,
+                                        "<a/>\0"s,
+                                        "<a>\x01</a>"s,
+                                        "<a>\xEF\xBF\xBE</a>"s,
+                                        "<a>"s,
+                                        "<a><b></a>"s,
+                                        "<a><b></a></b>"s,
+                                        "</a>"s,
+                                        "<1a/>"s,
+                                        "<a\xC3\x97/>"s,
+                                        "< a/>"s,
+                                        "<a b/>"s,
+                                        "<a b=1/>"s,
+                                        "<a b=\"1\"c=\"2\"/>"s,
+                                        "<a b=\"<\"/>"s,
+                                        "<a b=\"&\"/>"s,
+                                        "<a>this & that</a>"s,
+                                        "<a>&amp</a>"s,
+                                        "<a>&nbsp;</a>"s,
+                                        "<a>&#0;</a>"s,
+                                        "<a>&#xD800;</a>"s,
+                                        "<a>&#x110000;</a>"s,
+                                        "<a>]]></a>"s,
+                                        "<a><!-- -- --></a>"s,
+                                        "<a><!-- ---></a>"s,
+                                        "<a><![CDATA[x]]</a>"s,
+                                        " <?xml version=\"1.0\"?><a/>"s,
+                                        "<?xml encoding=\"UTF-8\"?><a/>"s,
+                                        "<?xml version=\"1.0\" standalone=\"1\"?><a/>"s,
+                                        "<!DOCTYPE a [<!ENTITY b \"]>\"><a/>"s,
+                                        "<a/><!DOCTYPE a>"s,
+                                        "<!DOCTYPE a><!DOCTYPE a><a/>"s,
+                                        "<a>\xC0\x80</a>"s,
+                                        "<a>\xE0\x80\xAF</a>"s,
+                                        "<a>\xF4\x90\x80\x80</a>"s,
+                                        "<a>\xC3</a>"s,
+                                        "\xEF\xBB\xBF\xEF\xBB\xBF<a/>"s,
+                                        in("US-ASCII") + "<a>\xC3\xA4</a>",
+                                        in("EBCDIC") + "<a/>",
+                                        in("UTF-16") + "<a/>",
+                                        "\xEF\xBB\xBF" + in("ISO-8859-1") + "<a/>",
+                                        little(u"\uFEFF<a/>") + " ",
+                                        little(u"\uFEFF<a>\xD83D</a>"),
+                                        big(u"\uFEFF<a>\xDE00\xDE00</a>"),
+                                        little(u"<?xml version='1.0' encoding='UTF-8'?><a/>"),
+                                        big(u"<?xml version='1.0' encoding='UTF-16LE'?><a/>"),
+                                        big(u"<?xml version='1.0'?><a/>")})
+        EXPECT_EQ(rewritten(document), "none") << document;
 }
 
 TEST(XmlTree, KeepsAllButTheDocumentType)
@@ -238,24 +217,10 @@ TEST(XmlTree, ReadsAStreamToItsEnd)
     std::istream failing(&broken);
     EXPECT_FALSE(tree.buildOfStream(failing)) << "what came before the fault is not believed";
     EXPECT_EQ(tree.getRoot(), nullptr);
-}
 
-TEST(XmlTree, IsEmptiedByABadStreamAndWritesNothingToOne)
-{
-    ZelXmlTree tree;
-    tree.open("a", false);
     std::ostream nowhere(nullptr);
     tree.putToStream(nowhere, true);
-    std::ostringstream failed;
-    failed.setstate(std::ios::failbit);
-    tree.putToStream(failed, true);
-    EXPECT_EQ(failed.str(), "");
-
-    std::istringstream bad("<a/>");
-    bad.setstate(std::ios::failbit);
-    EXPECT_FALSE(tree.buildOfStream(bad));
-    EXPECT_EQ(tree.getRoot(), nullptr);
-    EXPECT_EQ(written(tree, true), "");
+    EXPECT_EQ(written(tree, true), "") << "nor is there anything to write";
     std::istream none(nullptr);
     EXPECT_FALSE(tree.buildOfStream(none));
 }
@@ -263,60 +228,35 @@ TEST(XmlTree, IsEmptiedByABadStreamAndWritesNothingToOne)
 TEST(XmlTree, FindsElementsDepthFirst)
 {
     // The deeper X comes first in the document; the name of the root counts for itself.
-    const std::string document =
-        "<r>t<a i='1'><!-- --><X i='2'/></a><X i='3'/><b i='4' i='5'/></r>";
     ZelXmlTree tree;
-    ASSERT_TRUE(build(tree, document));
+    ASSERT_TRUE(build(tree, "<r>t<a><!-- --><X i='2'/></a><X i='3'/><b i='4' i='5'/></r>"));
     ZelXmlData* const root = tree.getRoot();
     const auto number = [](const ZelXmlData* element) {
         return ZelXmlData::getAttributeString(element, "i");
     };
-
     EXPECT_EQ(number(ZelXmlData::findTree(root, "X", true)), "2");
     EXPECT_EQ(number(ZelXmlData::findTree(root, "X", false)), "3");
     EXPECT_EQ(number(ZelXmlData::findChild(root, "X")), "3");
     EXPECT_EQ(ZelXmlData::findTree(root, "r", true), root);
     EXPECT_EQ(ZelXmlData::findTree(root, "r", false), nullptr);
-    EXPECT_EQ(ZelXmlData::findTree(root, "t", true), nullptr);
 
     ZelXmlData* const a = ZelXmlData::getFirstChild(root);
     EXPECT_EQ(ZelXmlData::findTree(a, "b", true), nullptr) << "b is not below a";
     ZelXmlData* const b = ZelXmlData::getNextSibling(ZelXmlData::getNextSibling(a));
     EXPECT_EQ(number(b), "4") << "the first of two attributes of one name";
-    EXPECT_EQ(ZelXmlData::getNextSibling(b), nullptr);
-    EXPECT_TRUE(ZelXmlAttributeData::checkValue(ZelXmlData::findAttribute(a, "i"), "1"));
-    EXPECT_FALSE(ZelXmlAttributeData::checkValue(ZelXmlData::findAttribute(a, "i"), "1 "));
-    EXPECT_FALSE(ZelXmlAttributeData::checkValue(ZelXmlData::findAttribute(a, "j"), ""));
-
+    EXPECT_TRUE(ZelXmlAttributeData::checkValue(ZelXmlData::findAttribute(b, "i"), "4"));
+    EXPECT_FALSE(ZelXmlAttributeData::checkValue(ZelXmlData::findAttribute(b, "j"), ""));
     ZelXmlData::moveToFront(root, b);
     ZelXmlData::moveToFront(a, b); // no child of a
     ZelXmlData::removeChild(root, a);
-    ZelXmlData::removeChild(root, nullptr);
     EXPECT_EQ(written(tree).substr(Declaration.size()), "<r>t<b i=\"4\" i=\"5\"/><X i=\"3\"/></r>");
 }
 
-TEST(XmlTree, TakesTheWholeTextOfAnElement)
-{
-    const struct {
-        const char* document;
-        const char* data;
-    } rows[] = {
-        {"<a/>",                                         ""         },
-        {"<a> \r\n\t </a>",                              ""         },
-        {"<a>\n  two words \n</a>",                      "two words"},
-        {"<a> 1<!-- c --> 2<b>x</b><![CDATA[ 3]]> </a>", "1 2 3"    },
-    };
-    for (const auto& row : rows) {
-        ZelXmlTree tree;
-        ASSERT_TRUE(build(tree, row.document));
-        EXPECT_EQ(ZelXmlData::getData(tree.getRoot()), row.data) << row.document;
-    }
-}
-
-TEST(XmlTree, ReplacesTheTextAloneOfAnElement)
+TEST(XmlTree, TakesAndReplacesTheWholeTextOfAnElement)
 {
     ZelXmlTree tree;
-    ASSERT_TRUE(build(tree, "<a><!-- kN -->1<b>x</b><![CDATA[2]]></a>"));
+    ASSERT_TRUE(build(tree, "<a>\r\n <!-- kN -->1 2<b>x</b><![CDATA[ 3]]> \t</a>"));
+    EXPECT_EQ(ZelXmlData::getData(tree.getRoot()), "1 2 3");
     ZelXmlData::setData(tree.getRoot(), "<3>");
     EXPECT_EQ(written(tree).substr(Declaration.size()), "<a><!-- kN -->&lt;3&gt;<b>x</b></a>");
     ZelXmlData::setData(tree.getRoot(), "");
@@ -403,8 +343,6 @@ TEST(XmlTree, TakesNullHandlesAndNames)
     EXPECT_EQ(ZelXmlData::findTree(nullptr, "a", true), nullptr);
     EXPECT_EQ(ZelXmlData::findTree(root, nullptr, true), nullptr);
     EXPECT_EQ(ZelXmlData::openChild(nullptr, "a", false), nullptr);
-    EXPECT_EQ(ZelXmlData::openChild(root, nullptr, false), nullptr);
-    EXPECT_EQ(ZelXmlData::findAttribute(root, nullptr), nullptr);
     EXPECT_EQ(ZelXmlData::getAttributeString(nullptr, "a"), "");
     EXPECT_EQ(ZelXmlData::getData(nullptr), "");
     EXPECT_EQ(tree.open(nullptr, false), nullptr);
@@ -412,5 +350,4 @@ TEST(XmlTree, TakesNullHandlesAndNames)
     ZelXmlData::setData(nullptr, "a");
     ZelXmlData::removeChild(nullptr, root);
     ZelXmlData::moveToFront(nullptr, root);
-    EXPECT_EQ(written(tree).substr(Declaration.size()), "<a/>");
 }

@@ -23,10 +23,6 @@ TEST(ShippedSettings, AreReadByTheFirstCall)
     EXPECT_EQ(context.getDataBaseDir(), installation.string() + "\\Profiles\\Standard.xml");
     EXPECT_EQ(context.getMode(), Mode::EC) << "without the file it would be DIN-2008";
     EXPECT_EQ(context.getClassification(), Classification::BUILDING);
-    EXPECT_EQ(context.getBridgeType(), BridgeType::ROADWAY);
     EXPECT_EQ(context.getBuildingType(), BuildingType::COMMON);
-    EXPECT_EQ(context.getDesignMaterial(), DesignMaterial::CONCRETE);
-    EXPECT_EQ(context.getSituation(), DesignSituation::PERSISTENT);
     EXPECT_EQ(context.getDuctilityClass(), DuctilityClass::DCM);
-    EXPECT_EQ(context.getServiceClass(), 1);
 }

@@ -34,36 +34,22 @@ const char* const names[][2] = {
 } // namespace
 
 // A line is a value, its current and its old name.
-TEST(SignificantInstants, HaveTheirNames)
-{
-    std::ostringstream table;
-    for (const auto& [current, old] : names)
-        table << static_cast<int>(ReadSignificantInstant(current)) << " " << current << " " << old
-              << "\n";
-    support::expectGolden("instants.txt", table.str());
-}
-
 TEST(SignificantInstants, ReadBothNamesAndWriteTheCurrentOne)
 {
-    int value = 0;
+    std::ostringstream table;
     for (const auto& [current, old] : names) {
-        const auto instant = static_cast<SignificantInstant>(value++);
-        EXPECT_EQ(ReadSignificantInstant(current), instant) << current;
+        const SignificantInstant instant = ReadSignificantInstant(current);
+        table << static_cast<int>(instant) << " " << current << " " << old << "\n";
         EXPECT_EQ(ReadSignificantInstant(old), instant) << old;
         EXPECT_EQ(WriteSignificantInstant(instant), current);
     }
-    EXPECT_EQ(static_cast<int>(ReadSignificantInstant("eInSituPrecast2")), 7);
+    support::expectGolden("instants.txt", table.str());
 }
 
 TEST(SignificantInstants, FallBackToNotDefined)
 {
-    for (const char* name : {"Infinity", "", "infinity ", "infinit", "einfinity", "9"})
+    for (const char* name : {"Infinity", "", "infinity ", "infinit", "9"})
         EXPECT_EQ(ReadSignificantInstant(name), SignificantInstant::NotDefined) << name;
-    for (const int value : {-1, 14, 1000}) {
-        const auto instant = static_cast<SignificantInstant>(value);
-        EXPECT_EQ(WriteSignificantInstant(instant), "notDefined");
-        EXPECT_EQ(GetSignificantInstantName(instant),
-                  GetSignificantInstantName(SignificantInstant::NotDefined));
-    }
-    EXPECT_NE(GetSignificantInstantName(SignificantInstant::NotDefined), "");
+    for (const int value : {-1, 14})
+        EXPECT_EQ(WriteSignificantInstant(static_cast<SignificantInstant>(value)), "notDefined");
 }

@@ -86,6 +86,7 @@ TEST(Words, OfAllEnumerations)
         table << vocabulary.name << ", unknown " << unknown << "\n";
         for (int value = firstValue; value <= lastValue; ++value) {
             const std::string written = vocabulary.write(value);
+            EXPECT_TRUE(written == "-" || vocabulary.read(written) == value) << written;
             std::string line = written == "-" ? "" : " " + written;
             for (const std::string& word : words)
                 if (value != unknown && word != written && vocabulary.read(word) == value)
@@ -95,17 +96,6 @@ TEST(Words, OfAllEnumerations)
         }
     }
     support::expectGolden("words.txt", table.str());
-}
-
-TEST(Words, EveryWrittenWordReadsBack)
-{
-    for (const Vocabulary& vocabulary : vocabularies())
-        for (int value = firstValue; value <= lastValue; ++value) {
-            const std::string word = vocabulary.write(value);
-            if (word != "-") {
-                EXPECT_EQ(vocabulary.read(word), value) << vocabulary.name << " " << word;
-            }
-        }
 }
 
 TEST(Words, CompareByteForByte)
@@ -134,34 +124,18 @@ TEST(Words, AreNotTheInverseOfReadingInTheOddRows)
     XMLUtil& words = *XMLUtil::get();
     // Both footbridges read as the first one; the second is written without a word.
     EXPECT_EQ(words.getBridgeTypeToString("FOOTBRIDGE2"), BridgeType::FOOTBRIDGE1);
-    EXPECT_EQ(words.getStringToBridgeType(BridgeType::FOOTBRIDGE1), "FOOTBRIDGE1");
-    EXPECT_EQ(words.getStringToBridgeType(static_cast<BridgeType>(6)), "-");
-    EXPECT_EQ(words.getStringToBridgeType(static_cast<BridgeType>(0)), "-");
+    EXPECT_EQ(words.getStringToBridgeType(BridgeType::FOOTBRIDGE2), "-");
     // The lorry's word of value 27 was taken over by value 32, among attribute types alone.
     EXPECT_EQ(words.getAttributeTypeToString("ELM4_54"), static_cast<AttributeType>(32));
     EXPECT_EQ(words.getAttributeTypeToString("ELM4_53"), AttributeType::DEFAULT);
     EXPECT_EQ(words.getStringToAttributeType(static_cast<AttributeType>(27)), "-");
-    EXPECT_EQ(words.getInstructionToString("ELM4_53"), static_cast<InstructionType>(37));
     // Families of group words share their numbers.
     EXPECT_EQ(words.getComboGroupToString("AGR_SSW"), 1);
     EXPECT_EQ(words.getStringToComboGroupType(1), "AGR_AU");
-    EXPECT_EQ(words.getStringToComboGroupType(2), "AGR_AO");
-    EXPECT_EQ(words.getStringToComboGroupType(3), "AGR_GR3");
     // "NONE" is a word of its own among the instructions and also what an unknown word reads as.
-    EXPECT_EQ(words.getInstructionToString("NONE"), static_cast<InstructionType>(-1));
     EXPECT_EQ(words.getInstructionToString("FOO"), static_cast<InstructionType>(-1));
     EXPECT_EQ(words.getStringToInstruction(static_cast<InstructionType>(-1)), "NONE");
-    EXPECT_EQ(words.getStringToInstruction(static_cast<InstructionType>(43)), "-");
     // No code is the one design code whose word is the dash.
     EXPECT_EQ(words.getModeToString("-"), Mode::NO_CODE);
     EXPECT_EQ(words.getStringToMode(Mode::NO_CODE), "-");
-    EXPECT_EQ(words.getStringToMode(static_cast<Mode>(9)), "-");
-}
-
-TEST(Words, OfClassificationKnowOnlyTheBridge)
-{
-    for (const char* word : {"BUILDING", "bridge", "", "STEEL", "-", "BRIDGE "})
-        EXPECT_EQ(XMLUtil::get()->getClassificationToString(word), Classification::BUILDING)
-            << word;
-    EXPECT_EQ(XMLUtil::get()->getClassificationToString("BRIDGE"), Classification::BRIDGE);
 }
