@@ -63,4 +63,7 @@ inline const char* const controlSettings = R"(<SMOD><STRESSBLOCK>
     <STRUTFACTOR>0.62</STRUTFACTOR><ETA>0.92</ETA><LAMBDA>0.82</LAMBDA></ANNEX>
 </STRESSBLOCK></SMOD>)";
 
+/// records() after it.
+inline const char* const controlSettingsRecords = "1 1 0.61 0.91 0.81 0; 1.75 1.2 0.62 0.92 0.82 1";
+
 } // namespace support
