@@ -11,8 +11,12 @@
 #include <string>
 #include <vector>
 
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "support/Context.h"
 #include "support/Files.h"
@@ -200,6 +204,33 @@ TEST_P(OutputStreamFiles, KeepTheWholeTextWhenTheTargetsDiskIsFull)
     }
     EXPECT_EQ(onlyTemporaryText(), longText);
     EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>()) << "the old target is gone";
+}
+
+TEST_P(OutputStreamFiles, KeepTheWholeTextOnARealFullDisk)
+{
+    // A disk of 64 KiB, which only a child process sees. Its exit code tells what went wrong.
+    enum Result { Good, NotPermitted, PartOfTheTextLeft, OtherFilesLeft };
+    const std::string disk = directory_.file("disk");
+    fs::create_directory(disk);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (unshare(CLONE_NEWNS) != 0 ||
+            mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("none", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+            _exit(NotPermitted);
+        support::writeFile(disk + "/target.txt", "old");
+        write(disk + "/target.txt", longText);
+        _exit(fs::exists(disk + "/target.txt") ? PartOfTheTextLeft
+              : namesIn(disk).empty()          ? Good
+                                               : OtherFilesLeft);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == NotPermitted)
+        GTEST_SKIP() << "this user may not mount a disk";
+    EXPECT_EQ(WEXITSTATUS(status), Good);
+    EXPECT_EQ(onlyTemporaryText(), longText);
 }
 
 TEST_P(OutputStreamFiles, StayInTheTemporaryDirectoryWhenTheyDoNotOpen)
