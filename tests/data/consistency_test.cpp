@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <functional>
 #include <iterator>
+#include <limits>
 #include <set>
 #include <sstream>
 #include <string>
@@ -94,7 +97,47 @@ std::vector<Settings> allSettings()
     return result;
 }
 
+void forEachElement(const ZelXmlData* element,
+                    const std::function<void(const ZelXmlData*, const std::string& path)>& visit,
+                    const std::string& above = "")
+{
+    const std::string name = ZelXmlData::getAttributeString(element, "NAME");
+    const std::string path =
+        above + "/" + ZelXmlData::getName(element) + (name.empty() ? "" : "[" + name + "]");
+    visit(element, path);
+    for (const ZelXmlData* child = ZelXmlData::getFirstChild(element); child;
+         child = ZelXmlData::getNextSibling(child))
+        forEachElement(child, visit, path);
+}
+
 } // namespace
+
+TEST_F(ShippedFiles, HoldNumbersWhereNumbersAreRead)
+{
+    int numbers = 0;
+    for (const std::string& file :
+         {support::actionTypeFile, support::stateAttributeFile, support::settingsFile}) {
+        std::ifstream stream(file, std::ios::binary);
+        ZelXmlTree tree;
+        ASSERT_TRUE(tree.buildOfStream(stream)) << file;
+        forEachElement(tree.getRoot(), [&](const ZelXmlData* element, const std::string& path) {
+            // Below an annex everything is a number but the sets of an action type.
+            const std::string name = ZelXmlData::getName(element);
+            const bool value = (path.find("/ANNEX[") != std::string::npos && name != "ANNEX" &&
+                                name != "CLASSIFICATION") ||
+                               name == "EXCLGROUP" || name == "SERVICE_CLASS";
+            if (!value)
+                return;
+            ++numbers;
+            double number = std::numeric_limits<double>::quiet_NaN();
+            ZelXmlDataUtil::readValToChild(element, number);
+            EXPECT_EQ(number, number) << file << path << " holds \"" << ZelXmlData::getData(element)
+                                      << "\", which reads as no number";
+            EXPECT_EQ(ZelXmlData::getFirstChild(element), nullptr) << file << path;
+        });
+    }
+    EXPECT_GT(numbers, 1000);
+}
 
 // Written, read and enciphered. The writer of action types leaves out the annex SIA.
 TEST_F(ShippedFiles, SurviveSavingButForTheSwissAnnexAndEnciphering)
