@@ -1,53 +1,37 @@
 #!/usr/bin/env python3
-"""Writes data/SOURCES.md, the list of every shipped value with its source and status.
+"""Writes data/SOURCES.md: what each code decides itself, with source, status and the reviewers' ticks.
 
 usage: sources.py [--check] [DIRECTORY-OF-DATA]
 
-With --check nothing is written: it fails when the list is out of date. Either way a value without
-a source or status, or with one of a wrong form, is reported as file:line. The attributes that hold
-them, and which of them counts for a value, are described at the head of ActionTypes.xml and of
-Profiles/Standard.xml.
+With --check nothing is written: it fails when the page is out of date. Either way a value without a
+source or status, one of a wrong form, and a follower (PSI11, PSI21, PSI22) that was left behind are
+reported as file:line; stale ticks are told. The attributes are described at the head of
+ActionTypes.xml and of Profiles/Standard.xml, the ticks in docs/data-files.md.
 """
 
 import collections
+import dataclasses
+import itertools
 import pathlib
 import re
 import sys
 import xml.parsers.expat
 
 CODES = ["EC", "DIN-1988", "DIN-2008", "SIA", "OENORM", "CSN", "BS", "DIN-EN"]
+STRUCTURES = ["BUILDING", "ROADWAY", "RAILWAY1", "RAILWAY2", "RAILWAY3", "FOOTBRIDGE1"]
 FACTORS = ["GAMMA_SUP", "GAMMA_INF", "PSI0", "PSI1", "PSI2", "PSI11", "PSI21", "PSI22", "CrackRed"]
-OPTIONAL = "CrackRed"  # 1 where it is not given
-REPEATS = {"PSI11": "PSI1", "PSI21": "PSI2", "PSI22": "PSI2"}
-STRESSBLOCK = ["LAMBDA", "ETA", "STRUTFACTOR"]
-WRITTEN_STATUSES = ["CONFIRMED-2S", "CONFIRMED-1S+T", "CONFIRMED-T", "CONVENTION"]
-
-HEADER = """\
-# Sources of the shipped values
-
-Made by `cmake/sources.py` from `ActionTypes.xml` and `Profiles/Standard.xml`; do not edit. Every
-value that the library reads from these two files has one row here, under the code that it holds for
-and the table of the standard that it comes from, so that someone with the printed standard can tick
-them off. Only numbers are taken from the standards.
-
-| Status | Meaning |
-| --- | --- |
-| CONFIRMED-2S | at least two independent public sources agree |
-| CONFIRMED-1S+T | one public source agrees, and the standard's own table is known |
-| CONFIRMED-T | from the standard's own table as known, without a copy at hand: compare it once with the standard |
-| INHERITED | the recommended value of EC; the national value is not confirmed. The heading names the source of the EC value |
-| CONVENTION | a choice of this data set, not a value of a standard |
-
-Crack reduction is 1 (CONVENTION) where it has no row. The values of STRESSBLOCK under EC hold
-for every code but DIN-1988, which has none. DIN-1988 is not meant for the limit-state design of steel.
-"""
+FOLLOWS = {"PSI11": "PSI1", "PSI21": "PSI2", "PSI22": "PSI2"}
+SITUATIONS = ["PERSISTENT", "ACCIDENTAL", "ACCIDENTAL_EQ"]
+STRESSBLOCK = ["STRUTFACTOR", "ETA", "LAMBDA"]
+STATUSES = ["CONFIRMED-2S", "CONFIRMED-1S+T", "CONFIRMED-T", "SAFER", "INHERITED", "CONVENTION", "OFFICE"]
+TICK = re.compile(r"([^,:]+) (\d{4}-\d\d-\d\d), edition ([^:]+): (.+)")
 
 
 class Element:
     """An element of a data file with the line it begins on."""
 
-    def __init__(self, path, line, name, attributes):
-        self.path, self.line, self.name, self.attributes = path, line, name, attributes
+    def __init__(self, path, line, name, attributes, parent):
+        self.path, self.line, self.name, self.attributes, self.parent = path, line, name, attributes, parent
         self.children, self.text = [], ""
 
     def get(self, attribute):
@@ -58,218 +42,379 @@ class Element:
 
 
 def parse(path):
-    document = Element(path, 0, "", {})
-    stack = [document]
+    stack = [Element(path, 0, "", {}, None)]
     parser = xml.parsers.expat.ParserCreate()
 
     def start(name, attributes):
-        element = Element(path, parser.CurrentLineNumber, name, attributes)
+        element = Element(path, parser.CurrentLineNumber, name, attributes, stack[-1])
         stack[-1].children.append(element)
         stack.append(element)
-
-    def end(_):
-        stack.pop()
 
     def data(text):
         stack[-1].text += text
 
-    parser.StartElementHandler, parser.EndElementHandler = start, end
+    parser.StartElementHandler = start
+    parser.EndElementHandler = lambda _: stack.pop()
     parser.CharacterDataHandler = data
     try:
         parser.Parse(path.read_bytes(), True)
     except xml.parsers.expat.ExpatError as error:
         sys.exit(f"{path}:{error.lineno}: {xml.parsers.expat.ErrorString(error.code)}")
-    return document.children[0]
+    return stack[0].children[0]
 
 
-# A value: its text, its source, its status, a note.
-Value = collections.namedtuple("Value", "number source status note")
+@dataclasses.dataclass(frozen=True)
+class Value:
+    number: str
+    source: str
+    status: str
+    note: str = None
+    place: Element = None  # the set, DEFAULT or annex that decides it; None: taken as EC, not confirmed
+    follower: bool = False  # repeats PSI1 or PSI2, and has its source and status
 
 
 class Reader:
-    """Collects the rows (code, action or material, place, factor, Value) and the faults."""
+    """The values of both files: sets[code, action, structure][factor], materials[code, table][column]."""
 
-    def __init__(self):
-        self.rows, self.faults = [], []
+    def __init__(self, data):
+        self.sets, self.materials, self.faults, self.ticks = {}, {}, [], []
+        self.notes = collections.defaultdict(list)
+        self.actions = parse(data / "ActionTypes.xml").child("ACTIONTYPES").children
+        for action in self.actions:
+            self.action(action)
+        settings = parse(data / "Profiles" / "Standard.xml")
+        self.tables = settings.child("COEFFICIENTS").children + [settings.child("STRESSBLOCK")]
+        for table in self.tables:
+            self.table(table)
 
     def fault(self, element, what):
         self.faults.append(f"{element.path}:{element.line}: {what}")
 
-    def value(self, element, what, origins):
+    def value(self, element, origins, place, follower=False):
         """Of the origins, pairs of source and status, the first that is present counts."""
         source, status = next((origin for origin in origins if any(origin)), (None, None))
-        if source is None or status is None:
+        what = f"{element.name} of {place.parent.get('NAME') or place.parent.name} {place.get('NAME')}"
+        if not source or not status:
             self.fault(element, f"{what} has no {'status' if source else 'source'}")
-        else:
-            self.check_source(element, what, source, status)
-        try:
-            float(element.text)
-        except ValueError:
-            self.fault(element, f'{what}: "{element.text}" is no number')
-        return Value(element.text.strip(), source, status, element.get("NOTE"))
-
-    def check_source(self, element, what, source, status):
-        fields = [field.strip() for field in source.split(",")]
-        if len(fields) != 3 or not all(fields):
+        elif len([field for field in source.split(",") if field.strip()]) != 3 or source.count(",") != 2:
             self.fault(element, f'{what}: "{source}" is not "standard, table or clause, row"')
-        if status not in WRITTEN_STATUSES:
-            self.fault(element, f"{what}: a value cannot have the status {status}")
-        elif source.startswith("Data set") and status != "CONVENTION":
+        elif status not in STATUSES:
+            self.fault(element, f"{what}: {status} is none of {', '.join(STATUSES)}")
+        elif source.startswith("Data set") and status not in ("CONVENTION", "OFFICE"):
             self.fault(element, f"{what}: a choice of the data set has the status CONVENTION")
+        if not re.fullmatch(r"\d+(\.\d+)?", element.text.strip()):
+            self.fault(element, f'{what}: "{element.text}" is no number')
+        return Value(element.text.strip(), source, status, element.get("NOTE") or place.get("NOTE"),
+                     place, follower)
 
     # Action types
 
-    def action_types(self, root):
-        for action in root.child("ACTIONTYPES").children:
-            word = action.get("NAME")
-            annexes = {annex.get("NAME"): annex for annex in action.child("ANNEXES").children}
-            if list(annexes) != CODES:
-                self.fault(action, f"{word} has the annexes {list(annexes)} instead of {CODES}")
-                continue
-            eurocode = self.sets_of_annex(annexes["EC"], word, {})
-            for code in CODES:
-                sets = eurocode
-                if code != "EC":
-                    sets = self.sets_of_annex(
-                        annexes[code], word, self.inherited(annexes[code], word, eurocode))
-                for structure, factors in sets.items():
-                    for factor in FACTORS:
-                        if factor in factors:
-                            self.rows.append((code, word, structure, factor, factors[factor]))
-                        elif factor != OPTIONAL:
-                            self.fault(annexes[code],
-                                       f"{word} {code} {structure} has no {factor}: it would be 0")
+    def action(self, action):
+        word = action.get("NAME")
+        annexes = {annex.get("NAME"): annex for annex in action.child("ANNEXES").children}
+        if list(annexes) != CODES:
+            self.fault(action, f"{word} has the annexes {list(annexes)} instead of {CODES}")
+            return
+        eurocode = {}
+        for code, annex in annexes.items():
+            sets = self.own_sets(annex, {} if code == "EC" else self.taken(annex, eurocode))
+            for structure, factors in sets.items():
+                self.follow(annex, structure, factors)
+                self.sets[code, word, structure] = factors
+                for factor in FACTORS[:-1]:
+                    if factor not in factors:
+                        self.fault(annex, f"{word} {code} {structure} has no {factor}: it would be 0")
+            if code == "EC":
+                eurocode = sets
+            if annex.get("NOTE"):
+                self.notes[code].append(f"{word}: {annex.get('NOTE')}.")
 
-    def inherited(self, annex, word, eurocode):
-        """The sets that a national annex starts from."""
+    def taken(self, annex, eurocode):
+        """The sets that a national annex starts from; BUILDING_VALUES are confirmed for the nation."""
         confirmed = (annex.get("BUILDING_VALUES") or "").split()
-        for factor in confirmed:
-            if factor not in FACTORS or "BUILDING" not in eurocode:
-                self.fault(annex, f"{word} confirms {factor} of a building, which EC has not")
         source, status = annex.get("BUILDING_SOURCE"), annex.get("BUILDING_STATUS")
         if confirmed and not (source and status):
-            self.fault(annex, f"{word}: BUILDING_VALUES without BUILDING_SOURCE or BUILDING_STATUS")
-        elif confirmed:
-            self.check_source(annex, word, source, status)
+            self.fault(annex, "BUILDING_VALUES without BUILDING_SOURCE or BUILDING_STATUS")
         for element in annex.children:
-            twice = [value.name for value in element.children if value.name in confirmed]
-            if element.get("NAME") in ("BUILDING", "DEFAULT") and twice:
-                self.fault(element, f"{word}: {twice} given, and confirmed by BUILDING_VALUES")
-        sets = {}
-        for structure, factors in eurocode.items():
-            sets[structure] = {
-                factor: value._replace(source=source, status=status)
-                if structure == "BUILDING" and factor in confirmed
-                else value._replace(status="INHERITED")
-                for factor, value in factors.items()}
-        return sets
+            if element.get("NAME") in ("BUILDING", "DEFAULT"):
+                for twice in [value.name for value in element.children if value.name in confirmed]:
+                    self.fault(element, f"{twice} is given, and confirmed by BUILDING_VALUES")
 
-    def sets_of_annex(self, annex, word, sets):
-        """Follows the library: a DEFAULT reaches the sets behind it, under a national code all."""
+        def heir(structure, factor, value):
+            if structure == "BUILDING" and factor in confirmed and value.status != "OFFICE":
+                return dataclasses.replace(value, source=source, status=status, note=None, place=annex)
+            return dataclasses.replace(value, place=None, note=None, status=(
+                "OFFICE" if value.status == "OFFICE" else "INHERITED"))
+
+        return {structure: {factor: heir(structure, factor, value) for factor, value in factors.items()}
+                for structure, factors in eurocode.items()}
+
+    def own_sets(self, annex, sets):
+        """As the library reads: a DEFAULT reaches the sets behind it, under a national code all."""
         overlay = {}
         for element in annex.children:
-            structure = element.get("NAME")
             given = {}
             for value in element.children:
                 if value.name not in FACTORS:
-                    self.fault(value, f"{word} has a {value.name}, which is no factor")
+                    self.fault(value, f"{value.name} is no factor")
                     continue
                 origins = [(value.get("SOURCE"), value.get("STATUS"))]
-                if value.name in REPEATS:
-                    origins.append(("Data set, convention, repeats " + REPEATS[value.name],
-                                    "CONVENTION"))
+                follower = value.name in FOLLOWS and not any(origins[0])
                 if value.name.startswith("GAMMA"):
                     origins.append((element.get("GAMMA_SOURCE"), element.get("GAMMA_STATUS")))
                 origins.append((element.get("SOURCE"), element.get("STATUS")))
-                read = self.value(value, f"{value.name} of {word}", origins)
-                noted = "GAMMA" if "GAMMA_SOURCE" in element.attributes else ""
-                if not read.note and value.name.startswith(noted):
-                    read = read._replace(note=element.get("NOTE"))
-                given[value.name] = read
-            if structure == "DEFAULT":
+                given[value.name] = self.value(value, origins, element, follower)
+            if element.get("NAME") == "DEFAULT":
                 overlay.update(given)
                 if annex.get("NAME") != "EC":
                     for factors in sets.values():
                         factors.update(overlay)
             else:
+                structure = element.get("NAME")
                 sets[structure] = {**sets.get(structure, {}), **overlay, **given}
+            self.tick(element)
+        self.tick(annex)
         return sets
+
+    def follow(self, annex, structure, factors):
+        for name, leader in FOLLOWS.items():
+            follower, led = factors.get(name), factors.get(leader)
+            if not follower or not led or not follower.follower:
+                continue
+            if float(follower.number) != float(led.number):
+                self.fault(annex, f"{name} of {structure} is {follower.number} and {leader} "
+                                  f"{led.number}: give {name} too, or a SOURCE of its own")
+            factors[name] = dataclasses.replace(follower, source=led.source, status=led.status,
+                                                place=led.place and follower.place or led.place)
 
     # Materials
 
-    def materials(self, root):
-        for table in root.child("COEFFICIENTS").children:
-            places = ["BUILDING", "BRIDGE"] if table.name.startswith("ALPHA") else [
-                "PERSISTENT", "ACCIDENTAL", "ACCIDENTAL_EQ"]
-            annexes = {annex.get("NAME"): annex for annex in table.children}
-            if list(annexes)[:1] != ["EC"]:
-                self.fault(table, f"{table.name}: the annex EC has to stand first")
-                continue
-            eurocode = self.values_of_annex(annexes["EC"], table.name, places)
-            for code in CODES:
-                own = {}
-                if code in annexes:
-                    own = self.values_of_annex(annexes[code], table.name, places)
-                for place in places:
-                    if place in own:
-                        value = own[place]
-                    elif place in eurocode:
-                        value = eurocode[place]._replace(status="INHERITED")
-                    else:
-                        self.fault(table, f"{table.name} has no {place} under EC")
-                        continue
-                    self.rows.append((code, "material", place, table.name, value))
-        for annex in root.child("STRESSBLOCK").children:
-            for factor, value in self.values_of_annex(annex, "STRESSBLOCK", STRESSBLOCK).items():
-                self.rows.append((annex.get("NAME"), "material", "STRESSBLOCK", factor, value))
+    def table(self, table):
+        columns = (STRESSBLOCK if table.name == "STRESSBLOCK" else
+                   STRUCTURES_OF_ALPHA if table.name.startswith("ALPHA") else SITUATIONS)
+        eurocode = {}
+        for annex in table.children:
+            values = {}
+            for value in annex.children:
+                if value.name not in columns:
+                    self.fault(value, f"{table.name} has a {value.name} instead of one of {columns}")
+                    continue
+                values[value.name] = self.value(value, [(value.get("SOURCE") or annex.get("SOURCE"),
+                                                         value.get("STATUS") or annex.get("STATUS"))], annex)
+            code = annex.get("NAME")
+            if (code == "EC") != (annex is table.children[0]):
+                self.fault(annex, f"{table.name}: the annex EC has to stand first")
+            eurocode = values if code == "EC" else eurocode
+            self.materials[code, table.name] = {
+                column: values.get(column) or dataclasses.replace(
+                    eurocode[column], place=None,
+                    status="OFFICE" if eurocode[column].status == "OFFICE" else "INHERITED")
+                for column in columns if column in values or column in eurocode}
+            self.tick(annex)
 
-    def values_of_annex(self, annex, table, names):
-        values = {}
-        for value in annex.children:
-            if value.name not in names:
-                self.fault(value, f"{table} has a {value.name} instead of one of {names}")
-            values[value.name] = self.value(value, f"{value.name} of {table}",
-                                            [(value.get("SOURCE") or annex.get("SOURCE"),
-                                              value.get("STATUS") or annex.get("STATUS"))])
-        return values
+    # Ticks
+
+    def tick(self, element):
+        if element.get("CHECKED") is None:
+            return
+        self.ticks.append(element)
+        if not TICK.fullmatch(element.get("CHECKED")):
+            self.fault(element, f'"{element.get("CHECKED")}" is not "initials YYYY-MM-DD, edition YEAR: values"')
 
 
-def split(source, factor):
-    """The standard with its table, and the row. "Tables 2 (psi) and 1 (gamma)" are told apart."""
-    standard, table, row = (field.strip() for field in source.split(","))
-    tables = re.fullmatch(r"Tables (\S+) \(psi\) and (\S+) \(gamma\)", table)
-    if tables:
-        table = "Table " + tables[2 if factor.startswith("GAMMA") else 1]
-    return ("Choices of this data set" if standard == "Data set" else f"{standard}, {table}"), row
+STRUCTURES_OF_ALPHA = ["BUILDING", "BRIDGE"]
 
 
-def listing(rows):
-    lines = [HEADER]
-    statuses = WRITTEN_STATUSES[:3] + ["INHERITED", "CONVENTION"]
-    count = collections.Counter((code, value.status) for code, *_, value in rows)
-    lines.append("| Values of | " + " | ".join(statuses) + " |")
-    lines.append("| --- |" + " ---: |" * len(statuses))
+def names_of(structures):
+    return " ".join(structures).replace("RAILWAY1 RAILWAY2 RAILWAY3", "RAILWAY1-3")
+
+
+class Place:
+    """An element that a tick can stand on, for one structure: what the tick has to repeat (a set's own
+    values in document order; on the annex of an action the values that are taken as EC, "-" for the
+    others), who ticked it, and, when that is stale, what was read."""
+
+    def __init__(self, element, structure=None, factors=None):
+        self.of_annex = element.name == "ANNEX" and element.parent.name == "ANNEXES"
+        self.name = element.get("NAME") if element.name == "CLASSIFICATION" else "ANNEX"
+        if self.of_annex:
+            self.now = f"{structure} " + " ".join(
+                value.number if value.place in (None, element) else "-"
+                for factor, value in factors.items() if not value.follower)
+        else:
+            self.now = " ".join(value.text.strip() for value in element.children)
+        self.who = self.stale = None
+        found = TICK.fullmatch(element.get("CHECKED") or "")
+        for part in found[4].split(";") if found else []:
+            read = part.strip()
+            if self.of_annex:
+                names, numbers = re.fullmatch(r"([^\d-]*(?:[A-Z]+\d(?:-\d)? ?)*) ?(.*)", read).groups()
+                if structure not in names.replace("RAILWAY1-3", "RAILWAY1 RAILWAY2 RAILWAY3").split():
+                    continue
+                read = f"{structure} {numbers}"
+            self.who = f"{found[1]} {found[2]}, edition {found[3]}"
+            self.stale = None if read == self.now else read
+
+
+def tick_cell(places, stale, where):
+    """Ticked when all places are; else what to paste, places that repeat the same in one line."""
+    lines, groups = [], collections.defaultdict(list)
+    for place in places:
+        groups[place.now].append(place)
+    for now, same in groups.items():
+        old = {f"{place.who} read {place.stale}" for place in same if place.stale}
+        stale += [f"{where}: {text}, now {now}" for text in sorted(old)]
+        if all(place.who and not place.stale for place in same):
+            lines.append("ticked: " + "; ".join(sorted({place.who for place in same})))
+        else:
+            names = names_of(dict.fromkeys(place.name for place in same))
+            lines.append("".join(f"STALE: {text}. " for text in sorted(old)) +
+                         f'{names}: `CHECKED="XX YYYY-MM-DD, edition YYYY: {now}"`')
+    return "<br>".join(lines)
+
+
+def origin_cell(values):
+    """Sources and statuses, each with its factors where there are several. values: {factor: Value}."""
+    groups = collections.defaultdict(list)
+    for factor, value in values.items():
+        groups[value.source, value.status].append(factor)
+    texts = [f"{source} ({status})" + (f": {' '.join(factors)}" if len(groups) > 1 else "")
+             for (source, status), factors in groups.items()]
+    notes = sorted({value.note for value in values.values() if value.note})
+    return "; ".join(texts) + "".join(f". Note: {note}" for note in notes)
+
+
+def action_rows(reader, code):
+    """[(action, structures, own values, places)]: structures with equal own values together."""
+    for action in reader.actions:
+        groups = collections.defaultdict(list)
+        for structure in STRUCTURES:
+            factors = reader.sets.get((code, action.get("NAME"), structure), {})
+            own = {f: v for f, v in factors.items() if v.place is not None}
+            if own:
+                groups[tuple((f, float(v.number), v.source, v.status, v.note) for f, v in own.items()
+                             if not v.follower)].append((structure, own, factors))
+        for members in groups.values():
+            places = {(value.place, structure if value.place.name == "ANNEX" else ""):
+                      Place(value.place, structure, factors)
+                      for structure, own, factors in members for value in own.values()}
+            yield action.get("NAME"), [s for s, _, _ in members], members[0][1], places.values()
+
+
+def taken_as_ec(reader, code, stale):
+    """The actions with structures of which the code decides nothing: "G1; U (RAILWAY1-3)", and the
+    reviewers' ticks on these."""
+    texts, ticks = [], []
+    for action in reader.actions:
+        word = action.get("NAME")
+        annex = next(annex for annex in action.child("ANNEXES").children if annex.get("NAME") == code)
+        there = {s: reader.sets[code, word, s] for s in STRUCTURES if (code, word, s) in reader.sets}
+        taken = [s for s, factors in there.items() if all(v.place is None for v in factors.values())]
+        if taken:
+            bridges = names_of(taken).replace("ROADWAY RAILWAY1-3 FOOTBRIDGE1", "bridges")
+            texts.append(word + ("" if len(taken) == len(there) else f" ({bridges})"))
+        for place in [Place(annex, s, there[s]) for s in taken]:
+            if place.stale:
+                stale.append(f"{code} {word}: {place.who} read {place.stale}, now {place.now}")
+            if place.who:
+                ticks.append(f"- {word} as EC, " + (f"STALE: {place.who} read {place.stale}, now {place.now}"
+                                                    if place.stale else f"{place.now}: ticked: {place.who}"))
+    return f"Taken as EC: {'; '.join(texts) or 'nothing'}.\n" + "".join(f"{tick}\n" for tick in ticks)
+
+
+def table(head, rows):
+    if not rows:
+        return ""
+    return "\n".join(["", head, "|" + " --- |" * (head.count("|") - 1),
+                      *("| " + " | ".join(row) + " |" for row in rows), ""])
+
+
+HEADER = """\
+# Sources of the shipped values
+
+Made by `cmake/sources.py` from `ActionTypes.xml` and `Profiles/Standard.xml`; do not edit. It lists what
+each code decides itself; all else is taken as EC. An empty cell is taken as EC too; psi11 repeats psi1, and
+psi21 and psi22 repeat psi2, where nothing else is said. Crack reduction is 1. Only numbers are taken from
+the standards.
+
+To tick a row, with the standard in hand: paste its `CHECKED` into the start tag of the element that is named
+(the set or DEFAULT of that name; ANNEX: the start tag of the annex), put in your initials, the date and the
+edition, and make this page anew. A value that changes afterwards makes the tick stale. What a code takes as EC
+is ticked on its ANNEX, with the text of the last column of the row under EC ("-" for a value that the annex
+gives itself); several such parts are parted by ";".
+
+| Status | Meaning |
+| --- | --- |
+| CONFIRMED-2S | at least two independent public sources agree |
+| CONFIRMED-1S+T | one public source agrees, and the standard's own table is known |
+| CONFIRMED-T | from the standard's own table as known, without a copy at hand: compare it once with the standard |
+| SAFER | believed national value without a copy at hand, shipped because EC's would be on the unsafe side |
+| INHERITED | the recommended value of EC; the national value is not confirmed |
+| CONVENTION | a choice of this data set, not a value of a standard |
+| OFFICE | an office's own value |
+
+DIN-1988 is not meant for the limit-state design of steel. The stress block of EC holds for every code but
+DIN-1988, which has none.
+"""
+
+
+def counts(reader):
+    count = collections.Counter()
+    for (code, *_), values in itertools.chain(reader.sets.items(), reader.materials.items()):
+        count.update((code, value.status) for value in values.values())
+    yield "\n## Counts\n\nValues by status:\n"
+    yield table("| Values of | " + " | ".join(STATUSES) + " |",
+                [[code, *(str(count[code, s]) for s in STATUSES)] for code in CODES])
+
+    def differing(code, structure):
+        return sum(any(float(value.number) != float(reader.sets["EC", action, s][factor].number)
+                       for factor, value in values.items())
+                   for (c, action, s), values in reader.sets.items() if (c, s) == (code, structure))
+
+    yield "\nActions whose factors differ from those of EC:\n"
+    yield table("| Code | " + " | ".join(STRUCTURES) + " |",
+                [[code, *(str(differing(code, s)) for s in STRUCTURES)] for code in CODES[1:]])
+
+
+def page(reader, stale):
+    yield HEADER
+    yield from counts(reader)
+    conventions = collections.defaultdict(list)
     for code in CODES:
-        lines.append(f"| {code} | " + " | ".join(str(count[code, s]) for s in statuses) + " |")
-    for code in CODES:
-        tables = {}
-        for row_code, action, place, factor, value in rows:
-            if row_code != code:
+        rows = []
+        for action, structures, own, places in action_rows(reader, code):
+            leaders = {f: v for f, v in own.items() if not v.follower}
+            shown = [leaders[f].number if f in leaders else "" for f in FACTORS[:6]]
+            extra = [f" {f} {leaders[f].number}" for f in FACTORS[6:] if f in leaders]
+            ticks = tick_cell(places, stale, f"{code} {action} {names_of(structures)}")
+            if {v.status for v in own.values()} == {"CONVENTION"} and not extra:
+                choice = "; ".join(dict.fromkeys(v.source.split(", ")[-1] for v in own.values()))
+                conventions[code, *shown, choice, ticks].append(f"{action} ({names_of(structures)})")
                 continue
-            heading, row = split(value.source, factor)
-            if value.status == "INHERITED":
-                heading = "Inherited from EC: " + heading
-            tables.setdefault(heading, []).append((row, action, place, factor, value))
-        lines.append(f"\n## {code}")
-        for heading in sorted(tables, key=lambda text: text.startswith("Inherited")):
-            lines.append(f"\n### {code}: {heading}\n")
-            lines.append("| Row | Action | Structure or situation | Factor | Value | Status | ok |")
-            lines.append("| --- | --- | --- | --- | ---: | --- | --- |")
-            for row, action, place, factor, value in tables[heading]:
-                note = f" ({value.note})" if value.note else ""
-                lines.append(f"| {row}{note} | {action} | {place} | {factor} | {value.number} | "
-                             f"{value.status} | |")
-    return "\n".join(lines) + "\n"
+            rows.append([action, names_of(structures), *shown, origin_cell(leaders) + "".join(extra), ticks])
+            if code == "EC":
+                rows[-1].append(f"`{names_of(structures)} {' '.join(v.number for v in leaders.values())}`")
+        yield f"\n## {code}\n\n"
+        yield taken_as_ec(reader, code, stale) if code != "EC" else ""
+        yield "".join(f"- {note}\n" for note in reader.notes[code])
+        yield table("| Action | Structures | gamma sup | gamma inf | psi0 | psi1 | psi2 | psi11 | Source and "
+                    "status | Tick |" + (" To tick as EC |" if code == "EC" else ""), rows)
+    yield "\n## Conventions of this data set\n"
+    yield table("| Code | gamma sup | gamma inf | psi0 | psi1 | psi2 | psi11 | Choice | Actions | Tick |",
+                [[*key[:-1], "; ".join(actions), key[-1]] for key, actions in conventions.items()])
+    yield "\n## Materials\n"
+    for code in CODES:
+        rows, taken = [], []
+        for (_, name), values in [item for item in reader.materials.items() if item[0][0] == code]:
+            own = {column: value for column, value in values.items() if value.place}
+            if not own:
+                taken.append(name)
+                continue
+            rows.append([name, ", ".join(f"{column} {value.number}" for column, value in own.items()),
+                         origin_cell(own), tick_cell([Place(next(iter(own.values())).place)], stale,
+                                                     f"{code} {name}")])
+        yield f"\n### {code}\n" + (f"\nTaken as EC: {', '.join(taken)}.\n" if taken else "")
+        yield table("| Table | Values | Source and status | Tick |", rows)
 
 
 def main():
@@ -278,23 +423,19 @@ def main():
     directories = [argument for argument in arguments if argument != "--check"]
     data = pathlib.Path(directories[0]) if directories else (
         pathlib.Path(__file__).resolve().parents[1] / "data")
-    reader = Reader()
-    reader.action_types(parse(data / "ActionTypes.xml"))
-    reader.materials(parse(data / "Profiles" / "Standard.xml"))
+    reader, stale = Reader(data), []
     if reader.faults:
         sys.exit("\n".join(reader.faults))
-    text = listing(reader.rows)
+    text = "".join(page(reader, stale))
     path = data / "SOURCES.md"
     if not check:
         path.write_text(text, encoding="utf-8", newline="\n")
-        return
-    old = path.read_text(encoding="utf-8") if path.exists() else ""
-    if old == text:
-        print(f"{len(reader.rows)} values have a source and stand in {path}")
-        return
-    differing = next((number for number, lines in enumerate(
-        zip(old.split("\n"), text.split("\n")), start=1) if lines[0] != lines[1]), 1)
-    sys.exit(f"{path}:{differing}: out of date; refresh it with cmake/sources.py")
+    elif not path.exists() or path.read_text(encoding="utf-8") != text:
+        sys.exit(f"{path}: out of date; refresh it with cmake/sources.py")
+    print(f"{path}: {len(text.splitlines())} lines, {len(reader.ticks)} ticks, {len(stale)} stale")
+    for line in stale:
+        print("stale:", line)
 
 
-main()
+if __name__ == "__main__":
+    main()
