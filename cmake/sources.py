@@ -4,13 +4,14 @@
 usage: sources.py [--check] [DIRECTORY-OF-DATA]
 
 With --check nothing is written: it fails when the page is out of date. Either way a value without a
-source or status, one of a wrong form, and a follower (PSI11, PSI21, PSI22) that was left behind are
-reported as file:line; stale ticks are told. The attributes are described at the head of
+source or status, one of a wrong form, a follower (PSI11, PSI21, PSI22) that was left behind, a set that EC
+lacks and a tick that stands nowhere are reported as file:line; stale ticks are told. The attributes are described at the head of
 ActionTypes.xml and of Profiles/Standard.xml, the ticks in docs/data-files.md.
 """
 
 import collections
 import dataclasses
+import datetime
 import itertools
 import pathlib
 import re
@@ -22,9 +23,10 @@ STRUCTURES = ["BUILDING", "ROADWAY", "RAILWAY1", "RAILWAY2", "RAILWAY3", "FOOTBR
 FACTORS = ["GAMMA_SUP", "GAMMA_INF", "PSI0", "PSI1", "PSI2", "PSI11", "PSI21", "PSI22", "CrackRed"]
 FOLLOWS = {"PSI11": "PSI1", "PSI21": "PSI2", "PSI22": "PSI2"}
 SITUATIONS = ["PERSISTENT", "ACCIDENTAL", "ACCIDENTAL_EQ"]
+CLASSIFICATIONS = ["BUILDING", "BRIDGE"]
 STRESSBLOCK = ["STRUTFACTOR", "ETA", "LAMBDA"]
 STATUSES = ["CONFIRMED-2S", "CONFIRMED-1S+T", "CONFIRMED-T", "SAFER", "INHERITED", "CONVENTION", "OFFICE"]
-TICK = re.compile(r"([^,:]+) (\d{4}-\d\d-\d\d), edition ([^:]+): (.+)")
+TICK = re.compile(r"([^,:|]+) (\d{4}-\d\d-\d\d), edition ([^:|]+): ([^|]+)")
 
 
 class Element:
@@ -77,7 +79,9 @@ class Reader:
     """The values of both files: sets[code, action, structure][factor], materials[code, table][column]."""
 
     def __init__(self, data):
-        self.sets, self.materials, self.faults, self.ticks = {}, {}, [], []
+        self.sets, self.materials, self.faults = {}, {}, []
+        self.places = {}  # (element, structure of an action's annex): what a tick there may repeat
+        self.marked = []  # elements with a tick
         self.notes = collections.defaultdict(list)
         self.actions = parse(data / "ActionTypes.xml").child("ACTIONTYPES").children
         for action in self.actions:
@@ -86,6 +90,7 @@ class Reader:
         self.tables = settings.child("COEFFICIENTS").children + [settings.child("STRESSBLOCK")]
         for table in self.tables:
             self.table(table)
+        self.ticks = self.verdicts()
 
     def fault(self, element, what):
         self.faults.append(f"{element.path}:{element.line}: {what}")
@@ -117,10 +122,13 @@ class Reader:
             return
         eurocode = {}
         for code, annex in annexes.items():
+            self.place(annex)
             sets = self.own_sets(annex, {} if code == "EC" else self.taken(annex, eurocode))
             for structure, factors in sets.items():
                 self.follow(annex, structure, factors)
                 self.sets[code, word, structure] = factors
+                if code != "EC":
+                    self.annex_place(annex, structure, factors, eurocode)
                 for factor in FACTORS[:-1]:
                     if factor not in factors:
                         self.fault(annex, f"{word} {code} {structure} has no {factor}: it would be 0")
@@ -164,16 +172,17 @@ class Reader:
                     origins.append((element.get("GAMMA_SOURCE"), element.get("GAMMA_STATUS")))
                 origins.append((element.get("SOURCE"), element.get("STATUS")))
                 given[value.name] = self.value(value, origins, element, follower)
-            if element.get("NAME") == "DEFAULT":
+            structure, national = element.get("NAME"), annex.get("NAME") != "EC"
+            if structure == "DEFAULT":
                 overlay.update(given)
-                if annex.get("NAME") != "EC":
-                    for factors in sets.values():
-                        factors.update(overlay)
+                if national:
+                    for name, factors in sets.items():
+                        sets[name] = {**without_crack_reduction(factors), **overlay}
             else:
-                structure = element.get("NAME")
-                sets[structure] = {**sets.get(structure, {}), **overlay, **given}
-            self.tick(element)
-        self.tick(annex)
+                if national and structure not in sets:
+                    self.fault(element, f"EC has no set for {structure}, so this one starts with zeros")
+                sets[structure] = {**without_crack_reduction(sets.get(structure, {})), **overlay, **given}
+            self.place(element, given.values(), [v for v in given.values() if not v.follower])
         return sets
 
     def follow(self, annex, structure, factors):
@@ -191,7 +200,7 @@ class Reader:
 
     def table(self, table):
         columns = (STRESSBLOCK if table.name == "STRESSBLOCK" else
-                   STRUCTURES_OF_ALPHA if table.name.startswith("ALPHA") else SITUATIONS)
+                   CLASSIFICATIONS if table.name.startswith("ALPHA") else SITUATIONS)
         eurocode = {}
         for annex in table.children:
             values = {}
@@ -210,66 +219,101 @@ class Reader:
                     eurocode[column], place=None,
                     status="OFFICE" if eurocode[column].status == "OFFICE" else "INHERITED")
                 for column in columns if column in values or column in eurocode}
-            self.tick(annex)
+            self.place(annex, self.materials[code, table.name].values(), values.values() or
+                       self.materials[code, table.name].values())
 
     # Ticks
 
-    def tick(self, element):
-        if element.get("CHECKED") is None:
-            return
-        self.ticks.append(element)
-        if not TICK.fullmatch(element.get("CHECKED")):
-            self.fault(element, f'"{element.get("CHECKED")}" is not "initials YYYY-MM-DD, edition YEAR: values"')
+    def place(self, element, *wordings):
+        """A place for a tick that repeats one of the lists of values."""
+        wordings = [[value.number for value in values] for values in wordings]
+        if any(wordings):
+            self.places[element, None] = wordings
+        if element.get("CHECKED") is not None:
+            self.marked.append(element)
+
+    def annex_place(self, annex, structure, factors, eurocode):
+        """The annex of an action holds the ticks of what it takes as EC: "-" for what it gives itself."""
+        taken = [value.number if value.place in (None, annex) else "-"
+                 for factor, value in in_order(factors) if not value.follower]
+        if set(taken) != {"-"}:
+            self.places[annex, structure] = [taken]
+        for factor, value in factors.items():
+            if value.status == "INHERITED" and structure in eurocode and (
+                    float(value.number) != float(eurocode[structure][factor].number)):
+                self.fault(annex, f"{factor} of {structure} is marked as the value of EC, which is "
+                                  f"{eurocode[structure][factor].number}: change it too")
+
+    def verdicts(self):
+        """{(element, structure or None): (who, what was read or None where it still holds)}"""
+        verdicts = {}
+        for element in self.marked:
+            found = TICK.fullmatch(element.get("CHECKED"))
+            try:
+                datetime.date.fromisoformat(found[2])
+            except (TypeError, ValueError):
+                self.fault(element, f'"{element.get("CHECKED")}" is not "initials YYYY-MM-DD, edition YEAR: values"')
+                continue
+            who = f"{found[1]} {found[2]}, edition {found[3]}"
+            for structure, read in self.parts(element, found[4]):
+                if (element, structure) not in self.places and (structure is None or structure not in STRUCTURES):
+                    self.fault(element, f'"{found[4]}" ticks nothing here; SOURCES.md says what to write')
+                elif (element, structure) in verdicts:
+                    self.fault(element, f"{structure} is ticked twice")
+                else:
+                    wordings = self.places.get((element, structure), [])
+                    holds = any(same_numbers(read, wording) for wording in wordings)
+                    verdicts[element, structure] = who, None if holds else " ".join(read)
+        return verdicts
+
+    @staticmethod
+    def parts(element, text):
+        """The parts of a tick: [(structure or None, words of numbers)]."""
+        if not is_annex_of_action(element):
+            return [(None, text.split())]
+        parts = []
+        for part in text.split(";"):
+            words = part.replace("RAILWAY1-3", "RAILWAY1 RAILWAY2 RAILWAY3").split()
+            names = list(itertools.takewhile(lambda word: word[0].isalpha(), words))
+            parts += [(name, words[len(names):]) for name in names or [None]]
+        return parts
 
 
-STRUCTURES_OF_ALPHA = ["BUILDING", "BRIDGE"]
+def is_annex_of_action(element):
+    return element.name == "ANNEX" and element.parent.name == "ANNEXES"
+
+
+def in_order(factors):
+    return [(factor, factors[factor]) for factor in FACTORS if factor in factors]
+
+
+def same_numbers(left, right):
+    def number(word):
+        return float(word) if re.fullmatch(r"\d+(\.\d*)?", word) else word
+    return list(map(number, left)) == list(map(number, right))
+
+
+def without_crack_reduction(factors):
+    """A set takes crack reduction 1 by being named, and by a DEFAULT, unless they give another."""
+    return {factor: value for factor, value in factors.items() if factor != "CrackRed"}
 
 
 def names_of(structures):
     return " ".join(structures).replace("RAILWAY1 RAILWAY2 RAILWAY3", "RAILWAY1-3")
 
 
-class Place:
-    """An element that a tick can stand on, for one structure: what the tick has to repeat (a set's own
-    values in document order; on the annex of an action the values that are taken as EC, "-" for the
-    others), who ticked it, and, when that is stale, what was read."""
-
-    def __init__(self, element, structure=None, factors=None):
-        self.of_annex = element.name == "ANNEX" and element.parent.name == "ANNEXES"
-        self.name = element.get("NAME") if element.name == "CLASSIFICATION" else "ANNEX"
-        if self.of_annex:
-            self.now = f"{structure} " + " ".join(
-                value.number if value.place in (None, element) else "-"
-                for factor, value in factors.items() if not value.follower)
-        else:
-            self.now = " ".join(value.text.strip() for value in element.children)
-        self.who = self.stale = None
-        found = TICK.fullmatch(element.get("CHECKED") or "")
-        for part in found[4].split(";") if found else []:
-            read = part.strip()
-            if self.of_annex:
-                names, numbers = re.fullmatch(r"([^\d-]*(?:[A-Z]+\d(?:-\d)? ?)*) ?(.*)", read).groups()
-                if structure not in names.replace("RAILWAY1-3", "RAILWAY1 RAILWAY2 RAILWAY3").split():
-                    continue
-                read = f"{structure} {numbers}"
-            self.who = f"{found[1]} {found[2]}, edition {found[3]}"
-            self.stale = None if read == self.now else read
-
-
-def tick_cell(places, stale, where):
+def tick_cell(reader, places):
     """Ticked when all places are; else what to paste, places that repeat the same in one line."""
     lines, groups = [], collections.defaultdict(list)
-    for place in places:
-        groups[place.now].append(place)
-    for now, same in groups.items():
-        old = {f"{place.who} read {place.stale}" for place in same if place.stale}
-        stale += [f"{where}: {text}, now {now}" for text in sorted(old)]
-        if all(place.who and not place.stale for place in same):
-            lines.append("ticked: " + "; ".join(sorted({place.who for place in same})))
-        else:
-            names = names_of(dict.fromkeys(place.name for place in same))
-            lines.append("".join(f"STALE: {text}. " for text in sorted(old)) +
-                         f'{names}: `CHECKED="XX YYYY-MM-DD, edition YYYY: {now}"`')
+    for element, structure in places:
+        who, stale = reader.ticks.get((element, structure), (None, None))
+        wording = reader.places[element, structure][-1]
+        state = f"STALE: {who} read {stale}. " if stale else f"ticked: {who}" if who else ""
+        groups[state, " ".join(([structure] if structure else []) + wording)].append(
+            element.get("NAME") if element.name == "CLASSIFICATION" else "ANNEX")
+    for (state, now), names in groups.items():
+        paste = "" if state.startswith("ticked") else f'`CHECKED="XX YYYY-MM-DD, edition YYYY: {now}"`'
+        lines.append(f"{names_of(dict.fromkeys(names))}: {state}{paste}")
     return "<br>".join(lines)
 
 
@@ -290,18 +334,20 @@ def action_rows(reader, code):
         groups = collections.defaultdict(list)
         for structure in STRUCTURES:
             factors = reader.sets.get((code, action.get("NAME"), structure), {})
-            own = {f: v for f, v in factors.items() if v.place is not None}
+            own = {f: v for f, v in in_order(factors) if v.place is not None}
             if own:
                 groups[tuple((f, float(v.number), v.source, v.status, v.note) for f, v in own.items()
-                             if not v.follower)].append((structure, own, factors))
+                             if not v.follower)].append((structure, own))
         for members in groups.values():
-            places = {(value.place, structure if value.place.name == "ANNEX" else ""):
-                      Place(value.place, structure, factors)
-                      for structure, own, factors in members for value in own.values()}
-            yield action.get("NAME"), [s for s, _, _ in members], members[0][1], places.values()
+            places = dict.fromkeys((value.place, structure if is_annex_of_action(value.place) else None)
+                                   for structure, own in members for value in own.values())
+            annex = next(annex for annex in action.child("ANNEXES").children if annex.get("NAME") == code)
+            places |= dict.fromkeys((annex, structure) for structure, _ in members
+                                    if (annex, structure) in reader.ticks)
+            yield action.get("NAME"), [s for s, _ in members], members[0][1], places
 
 
-def taken_as_ec(reader, code, stale):
+def taken_as_ec(reader, code):
     """The actions with structures of which the code decides nothing: "G1; U (RAILWAY1-3)", and the
     reviewers' ticks on these."""
     texts, ticks = [], []
@@ -313,13 +359,9 @@ def taken_as_ec(reader, code, stale):
         if taken:
             bridges = names_of(taken).replace("ROADWAY RAILWAY1-3 FOOTBRIDGE1", "bridges")
             texts.append(word + ("" if len(taken) == len(there) else f" ({bridges})"))
-        for place in [Place(annex, s, there[s]) for s in taken]:
-            if place.stale:
-                stale.append(f"{code} {word}: {place.who} read {place.stale}, now {place.now}")
-            if place.who:
-                ticks.append(f"- {word} as EC, " + (f"STALE: {place.who} read {place.stale}, now {place.now}"
-                                                    if place.stale else f"{place.now}: ticked: {place.who}"))
-    return f"Taken as EC: {'; '.join(texts) or 'nothing'}.\n" + "".join(f"{tick}\n" for tick in ticks)
+        ticks += [f"- {word} as EC: {tick_cell(reader, [(annex, s)])}\n" for s in taken
+                  if (annex, s) in reader.ticks]
+    return f"Taken as EC: {'; '.join(texts) or 'nothing'}.\n" + "".join(ticks)
 
 
 def table(head, rows):
@@ -340,8 +382,8 @@ the standards.
 To tick a row, with the standard in hand: paste its `CHECKED` into the start tag of the element that is named
 (the set or DEFAULT of that name; ANNEX: the start tag of the annex), put in your initials, the date and the
 edition, and make this page anew. A value that changes afterwards makes the tick stale. What a code takes as EC
-is ticked on its ANNEX, with the text of the last column of the row under EC ("-" for a value that the annex
-gives itself); several such parts are parted by ";".
+is ticked on its ANNEX, with the text of the last column of the row under EC, "-" in the place of a value that
+the annex gives itself; several such parts are parted by ";".
 
 | Status | Meaning |
 | --- | --- |
@@ -376,7 +418,7 @@ def counts(reader):
                 [[code, *(str(differing(code, s)) for s in STRUCTURES)] for code in CODES[1:]])
 
 
-def page(reader, stale):
+def page(reader):
     yield HEADER
     yield from counts(reader)
     conventions = collections.defaultdict(list)
@@ -386,16 +428,17 @@ def page(reader, stale):
             leaders = {f: v for f, v in own.items() if not v.follower}
             shown = [leaders[f].number if f in leaders else "" for f in FACTORS[:6]]
             extra = [f" {f} {leaders[f].number}" for f in FACTORS[6:] if f in leaders]
-            ticks = tick_cell(places, stale, f"{code} {action} {names_of(structures)}")
+            as_ec = [f"`{names_of(structures)} {' '.join(v.number for v in leaders.values())}`"] * (code == "EC")
+            ticks = tick_cell(reader, places)
             if {v.status for v in own.values()} == {"CONVENTION"} and not extra:
-                choice = "; ".join(dict.fromkeys(v.source.split(", ")[-1] for v in own.values()))
+                choice = "; ".join(dict.fromkeys(v.source.removeprefix("Data set, convention, ")
+                                                 for v in leaders.values()))
                 conventions[code, *shown, choice, ticks].append(f"{action} ({names_of(structures)})")
                 continue
-            rows.append([action, names_of(structures), *shown, origin_cell(leaders) + "".join(extra), ticks])
-            if code == "EC":
-                rows[-1].append(f"`{names_of(structures)} {' '.join(v.number for v in leaders.values())}`")
+            rows.append([action, names_of(structures), *shown, origin_cell(leaders) + "".join(extra), ticks,
+                         *as_ec])
         yield f"\n## {code}\n\n"
-        yield taken_as_ec(reader, code, stale) if code != "EC" else ""
+        yield taken_as_ec(reader, code) if code != "EC" else ""
         yield "".join(f"- {note}\n" for note in reader.notes[code])
         yield table("| Action | Structures | gamma sup | gamma inf | psi0 | psi1 | psi2 | psi11 | Source and "
                     "status | Tick |" + (" To tick as EC |" if code == "EC" else ""), rows)
@@ -407,12 +450,15 @@ def page(reader, stale):
         rows, taken = [], []
         for (_, name), values in [item for item in reader.materials.items() if item[0][0] == code]:
             own = {column: value for column, value in values.items() if value.place}
-            if not own:
+            annex = next(a for t in reader.tables if t.name == name for a in t.children if a.get("NAME") == code)
+            tick = tick_cell(reader, [(annex, None)])
+            if own:
+                rows.append([name, ", ".join(f"{column} {value.number}" for column, value in own.items()),
+                             origin_cell(own), tick])
+            elif (annex, None) in reader.ticks:
+                rows.append([name, "taken as EC", "", tick])
+            else:
                 taken.append(name)
-                continue
-            rows.append([name, ", ".join(f"{column} {value.number}" for column, value in own.items()),
-                         origin_cell(own), tick_cell([Place(next(iter(own.values())).place)], stale,
-                                                     f"{code} {name}")])
         yield f"\n### {code}\n" + (f"\nTaken as EC: {', '.join(taken)}.\n" if taken else "")
         yield table("| Table | Values | Source and status | Tick |", rows)
 
@@ -423,18 +469,22 @@ def main():
     directories = [argument for argument in arguments if argument != "--check"]
     data = pathlib.Path(directories[0]) if directories else (
         pathlib.Path(__file__).resolve().parents[1] / "data")
-    reader, stale = Reader(data), []
+    reader = Reader(data)
     if reader.faults:
         sys.exit("\n".join(reader.faults))
-    text = "".join(page(reader, stale))
+    text = "".join(page(reader))
     path = data / "SOURCES.md"
     if not check:
         path.write_text(text, encoding="utf-8", newline="\n")
     elif not path.exists() or path.read_text(encoding="utf-8") != text:
         sys.exit(f"{path}: out of date; refresh it with cmake/sources.py")
-    print(f"{path}: {len(text.splitlines())} lines, {len(reader.ticks)} ticks, {len(stale)} stale")
-    for line in stale:
-        print("stale:", line)
+    stale = [(element, structure, who, read) for (element, structure), (who, read) in reader.ticks.items() if read]
+    print(f"{path}: {len(text.splitlines())} lines, {len(reader.marked)} ticks, "
+          f"{len({element for element, *_ in stale})} stale")
+    for element, structure, who, read in stale:
+        now = " ".join(reader.places.get((element, structure), [["nothing is taken as EC"]])[-1])
+        print(f"stale: {element.path}:{element.line}: {' '.join(filter(None, [element.get('NAME'), structure]))}: "
+              f"{who} read {read}, now {now}")
 
 
 if __name__ == "__main__":

@@ -22,7 +22,7 @@ FAULTS = {
         (r"<GAMMA_SUP>(\d)\.(\d+)<", r"<GAMMA_SUP>\1\2<"),
         (r'<ACTIONTYPE NAME="G2">', '<ACTIONTYPE NAME="G1">'),
         (r'STATUS="CONFIRMED-T"', 'STATUS="CONFIRMED"'),
-        (r'<ANNEX NAME="BS"', '<ANNEX NAME="BS" CHECKED="AB, edition 2010: 1.50"'),
+        (r'<ANNEX NAME="BS"[^>]*', '<ANNEX NAME="BS" CHECKED="AB, edition 2010: 1.50"'),
     ],
     "StateAttributes.xml": [
         (r'NAME="TRAFFIC"', 'NAME="Traffic"'),
