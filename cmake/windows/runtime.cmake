@@ -1,30 +1,22 @@
-# The DLLs that both libraries need beside them: the C++ runtime, libgcrypt and what it stands on.
+# The DLLs of Debian's MinGW that both libraries need beside them, without the symbols that only a debugger
+# reads: the C++ runtime.
 set(windows_runtime)
 foreach(dll libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${dll}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
-    list(APPEND windows_runtime ${path})
-endforeach()
-foreach(dll libgcrypt-20.dll libgpg-error-0.dll)
-    list(APPEND windows_runtime /usr/x86_64-w64-mingw32/bin/${dll})
-endforeach()
-foreach(path ${windows_runtime})
     if(NOT IS_ABSOLUTE ${path} OR NOT EXISTS ${path})
         message(FATAL_ERROR "no ${path}; install the packages of the group windows in packages.txt")
     endif()
+    set(stripped ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${dll})
+    if(${path} IS_NEWER_THAN ${stripped})
+        file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+        execute_process(COMMAND ${CMAKE_STRIP} -o ${stripped} ${path} COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    list(APPEND windows_runtime ${stripped})
 endforeach()
-# Their terms, and those of pugixml, which zelsuite.dll holds.
-set(windows_licences)
-foreach(package gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev libgcrypt-mingw-w64-dev
-        libgpg-error-mingw-w64-dev)
-    list(APPEND windows_licences /usr/share/doc/${package}/copyright)
-endforeach()
-list(APPEND windows_licences
-    ${PROJECT_SOURCE_DIR}/build/windows-dependencies/openimageio/usr/share/doc/libopenimageio-dev/copyright)
-file(COPY ${windows_runtime} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} FOLLOW_SYMLINK_CHAIN)
 
-# Name, version and description of a DLL, as Windows shows them among the properties of the file.
-function(add_version_resource target description)
-    configure_file(${PROJECT_SOURCE_DIR}/cmake/windows/version.rc.in ${target}.rc @ONLY)
-    target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
-endfunction()
+# Their terms, and those of the libraries that zelsuite.dll holds.
+file(GLOB windows_licences
+    /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright
+    /usr/share/doc/mingw-w64-x86-64-dev/copyright
+    ${PROJECT_SOURCE_DIR}/build/windows-dependencies/sources/*/LICENSE*)

@@ -53,7 +53,7 @@ std::string findOwnFile()
 
 std::string directoryOf(const std::string& path)
 {
-    const std::size_t end = path.find_last_of(Separators);
+    const std::size_t end = path.find_last_of(separators);
     return end == std::string::npos ? std::string() : path.substr(0, end);
 }
 
@@ -63,7 +63,8 @@ std::string directoryOf(const std::string& path)
 
 const std::string& ownLibraryDirectory()
 {
-    static const std::string directory = directoryOf(findOwnFile());
+    // Never destroyed, since static destructors of the host may still ask for it.
+    static const auto& directory = *new std::string(directoryOf(findOwnFile()));
     return directory;
 }
 

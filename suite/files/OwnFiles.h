@@ -10,9 +10,9 @@ namespace zelsuite::files
 
 /// The characters that part the names of a path.
 #if defined(_WIN32)
-inline constexpr const char* Separators = "/\\";
+inline constexpr const char* separators = "/\\";
 #else
-inline constexpr const char* Separators = "/";
+inline constexpr const char* separators = "/";
 #endif
 
 /// The directory of the file that holds this code: the suite's shared library, or the program that

@@ -8,8 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
-#include <string>
 #include <string_view>
 
 #include <fcntl.h>
@@ -17,8 +15,36 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace zelkernel
+{
+
 namespace
 {
+
+/// A path that asks for no memory: a finished file must reach its target all the same. One that is
+/// longer than the system takes is empty, which no call takes for a name.
+class Path
+{
+public:
+    explicit Path(std::string_view text) { append(text); }
+
+    void append(std::string_view text)
+    {
+        isTooLong_ = isTooLong_ || size_ + text.size() >= text_.size();
+        size_ = isTooLong_ ? 0 : size_ + text.copy(end(), text.size());
+        *end() = 0;
+    }
+
+    [[nodiscard]] const char* c_str() const { return text_.data(); }
+    [[nodiscard]] std::string_view view() const { return {text_.data(), size_}; }
+    char* begin() { return text_.data(); }
+    char* end() { return text_.data() + size_; }
+
+private:
+    std::array<char, MAX_PATH> text_;
+    std::size_t size_ = 0;
+    bool isTooLong_ = false;
+};
 
 /// An open file, closed at the end of its scope.
 class File
@@ -54,55 +80,54 @@ template <class Call> auto uninterrupted(Call call)
     return result;
 }
 
-int openFile(const std::string& path, int flags)
+int openFile(const char* path, int flags)
 {
     // Not blocking, so that a pipe of that name does not hold the caller up.
     return uninterrupted(
-        [&] { return open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); });
+        [&] { return open(path, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); });
 }
 
-bool isDirectory(const std::string& path)
+bool isDirectory(const Path& path)
 {
     struct stat status;
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-std::string withSlashes(std::string path)
+Path withSlashes(Path path)
 {
-    std::replace(path.begin(), path.end(), '\\', '/');
+    std::ranges::replace(path, '\\', '/');
     return path;
 }
 
 /// The folder part of a path, "." when it has none.
-std::string folderOf(const std::string& path)
+Path folderOf(const Path& path)
 {
-    const std::size_t end = path.find_last_of('/');
-    if (end == std::string::npos)
-        return ".";
-    return path.substr(0, std::max<std::size_t>(end, 1));
+    const std::size_t end = path.view().rfind('/');
+    return Path(
+        end == std::string_view::npos ? "." : path.view().substr(0, std::max<std::size_t>(end, 1)));
 }
 
-/// Where a path leads whose names may be parted by "\": see WindowsFiles.h.
-std::string resolved(const char* path)
+/// Where a path leads whose names may be parted by "\": see WindowsFiles.h. Empty when its folder
+/// does not exist.
+Path resolved(const char* path)
 {
-    std::string written = path ? path : "";
-    if (written.find('\\') == std::string::npos)
+    const Path written(path ? path : "");
+    if (written.view().find('\\') == std::string_view::npos)
         return written;
-    std::string inFolder = written;
-    inFolder[inFolder.find_last_of("/\\")] = '/';
+    Path inFolder = written;
+    inFolder.begin()[written.view().find_last_of("/\\")] = '/';
     if (isDirectory(folderOf(inFolder)))
         return inFolder;
-    const std::string slashed = withSlashes(written);
-    return isDirectory(folderOf(slashed)) ? slashed : written;
+    const Path slashed = withSlashes(written);
+    return isDirectory(folderOf(slashed)) ? slashed : Path("");
 }
 
 /// A new file with no permissions but the owner's; @p path ends in "XXXXXX", which is replaced.
-int createPrivately(std::string& path)
+int createPrivately(Path& path)
 {
     return uninterrupted([&path] {
-        // A failed call may have touched the template.
-        path.replace(path.size() - 6, 6, "XXXXXX");
-        return mkostemp(path.data(), O_CLOEXEC);
+        std::fill(path.end() - 6, path.end(), 'X'); // a failed call may have touched it
+        return mkostemp(path.begin(), O_CLOEXEC);
     });
 }
 
@@ -152,7 +177,7 @@ bool isWithinFileLimit(off_t size)
 
 /// Renames a file within its file system; false with EEXIST, and nothing changed, when the target
 /// exists.
-bool renameToNew(const std::string& from, const std::string& to)
+bool renameToNew(const Path& from, const Path& to)
 {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
         return true;
@@ -177,14 +202,15 @@ bool renameToNew(const std::string& from, const std::string& to)
 }
 
 /// Copies into a private file beside the target, which gets the target's name when it is whole.
-bool moveByCopy(const std::string& from, const std::string& to, mode_t permissions)
+bool moveByCopy(const Path& from, const Path& to, mode_t permissions)
 {
-    const File source(openFile(from, O_RDONLY));
+    const File source(openFile(from.c_str(), O_RDONLY));
     struct stat status;
     if (!source || fstat(source.descriptor(), &status) != 0 || !isWithinFileLimit(status.st_size))
         return false;
-    std::string privately = folderOf(to) + "/.zelXXXXXX";
-    File copy(createPrivately(privately));
+    Path privately = folderOf(to);
+    privately.append("/.zelXXXXXX");
+    File copy(privately.view().empty() ? -1 : createPrivately(privately));
     if (!copy)
         return false;
     const bool whole =
@@ -200,11 +226,11 @@ bool moveByCopy(const std::string& from, const std::string& to, mode_t permissio
 }
 
 /// Hands a text out into a caller's buffer, as the Windows calls do.
-DWORD giveText(const std::string& text, char* buffer, DWORD size)
+DWORD giveText(std::string_view text, char* buffer, DWORD size)
 {
     if (!buffer || text.size() >= size)
         return static_cast<DWORD>(text.size() + 1);
-    std::memcpy(buffer, text.c_str(), text.size() + 1);
+    buffer[text.copy(buffer, size)] = 0;
     return static_cast<DWORD>(text.size());
 }
 
@@ -213,10 +239,13 @@ DWORD giveText(const std::string& text, char* buffer, DWORD size)
 DWORD GetTempPathA(DWORD size, char* buffer)
 {
     const char* const set = std::getenv("TMPDIR");
-    std::string directory = set && *set ? set : "/tmp";
-    if (directory.back() != '/')
-        directory += '/';
-    return giveText(directory, buffer, size);
+    const std::string_view directory = set && *set ? set : "/tmp";
+    const std::string_view end = directory.ends_with('/') ? "" : "/";
+    if (!buffer || directory.size() + end.size() >= size)
+        return static_cast<DWORD>(directory.size() + end.size() + 1);
+    giveText(directory, buffer, size);
+    return static_cast<DWORD>(directory.size()) +
+           giveText(end, buffer + directory.size(), size - static_cast<DWORD>(directory.size()));
 }
 
 UINT GetTempFileNameA(const char* directory, const char* prefix, UINT unique, char* name)
@@ -224,18 +253,12 @@ UINT GetTempFileNameA(const char* directory, const char* prefix, UINT unique, ch
     const std::string_view start = std::string_view(prefix ? prefix : "").substr(0, 3);
     if (!directory || unique != 0 || !name || start.find('/') != std::string_view::npos)
         return 0;
-    std::string path = *directory ? directory : ".";
-    if (path.back() != '/')
-        path += '/';
-    path += start;
-    path += "XXXXXX";
-    if (path.size() >= MAX_PATH)
-        return 0;
-    const File file(createPrivately(path));
-    if (!file)
-        return 0;
-    std::memcpy(name, path.c_str(), path.size() + 1);
-    return 1;
+    Path path(*directory ? directory : ".");
+    path.append(path.view().ends_with('/') ? "" : "/");
+    path.append(start);
+    path.append("XXXXXX");
+    const File file(path.view().empty() ? -1 : createPrivately(path));
+    return file && giveText(path.view(), name, MAX_PATH) != 0 ? 1 : 0;
 }
 
 DWORD GetFileAttributesA(const char* path)
@@ -248,11 +271,11 @@ DWORD GetFileAttributesA(const char* path)
 
 BOOL CopyFileA(const char* from, const char* to, BOOL failIfExists)
 {
-    const File source(openFile(resolved(from), O_RDONLY));
+    const File source(openFile(resolved(from).c_str(), O_RDONLY));
     struct stat sourceStatus;
     if (!source || fstat(source.descriptor(), &sourceStatus) != 0 || !S_ISREG(sourceStatus.st_mode))
         return FALSE;
-    File target(openFile(resolved(to), O_WRONLY | O_CREAT | (failIfExists ? O_EXCL : 0)));
+    File target(openFile(resolved(to).c_str(), O_WRONLY | O_CREAT | (failIfExists ? O_EXCL : 0)));
     struct stat targetStatus;
     if (!target || fstat(target.descriptor(), &targetStatus) != 0 || !S_ISREG(targetStatus.st_mode))
         return FALSE;
@@ -265,8 +288,8 @@ BOOL CopyFileA(const char* from, const char* to, BOOL failIfExists)
 
 BOOL MoveFileA(const char* from, const char* to)
 {
-    const std::string source = resolved(from);
-    const std::string target = resolved(to);
+    const Path source = resolved(from);
+    const Path target = resolved(to);
     struct stat status;
     if (lstat(source.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return FALSE;
@@ -284,11 +307,13 @@ BOOL DeleteFileA(const char* path) { return unlink(resolved(path).c_str()) == 0;
 
 DWORD GetShortPathNameA(const char* path, char* buffer, DWORD size)
 {
-    const std::string slashed = withSlashes(path ? path : "");
+    const Path slashed = withSlashes(Path(path ? path : ""));
     struct stat status;
     if (stat(slashed.c_str(), &status) != 0)
         return 0;
-    return giveText(slashed, buffer, size);
+    return giveText(slashed.view(), buffer, size);
 }
+
+} // namespace zelkernel
 
 #endif

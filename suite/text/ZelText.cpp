@@ -30,7 +30,10 @@ std::string textOf(unsigned int id, const char* TextRow::*form)
 
 } // namespace
 
-bool zelsuite::setLanguage(const std::string& language)
+namespace zelsuite
+{
+
+bool setLanguage(const std::string& language)
 {
     const std::span<const TextTable> tables = textTables();
     const auto table = std::find_if(tables.begin(), tables.end(), [&language](const TextTable& t) {
@@ -42,18 +45,25 @@ bool zelsuite::setLanguage(const std::string& language)
     return true;
 }
 
-std::string zelsuite::getLanguage() { return tableInForce()->language; }
+std::string getLanguage() { return tableInForce()->language; }
+
+} // namespace zelsuite
 
 ZelTextResource* ZelTextResource::get()
 {
-    static ZelTextResource resource;
+    static ZelTextResource resource; // nothing to destroy, so static destructors may use it
     return &resource;
 }
 
 std::string ZelTextResource::loadString(unsigned int id) const { return ZelText::Load(id); }
 
-std::string ZelText::Load(unsigned int id) { return textOf(id, &TextRow::display); }
+namespace ZelText
+{
 
-std::string ZelText::LoadReport(unsigned int id) { return textOf(id, &TextRow::report); }
+std::string Load(unsigned int id) { return textOf(id, &TextRow::display); }
+
+std::string LoadReport(unsigned int id) { return textOf(id, &TextRow::report); }
+
+} // namespace ZelText
 
 std::string LSReport(unsigned int id) { return ZelText::LoadReport(id); }

@@ -5,18 +5,20 @@
 #include <files/OwnFiles.h>
 #include <zelsuite/zelsuite.h>
 
+using zelsuite::files::separators;
+
 namespace
 {
 
-constexpr int IgnoringCaseAndBlanks = 1;
+constexpr int ignoringCaseAndBlanks = 1;
 
 std::string normalised(const std::string& text)
 {
-    constexpr const char* Blanks = " \t\r\n";
-    const std::size_t begin = text.find_first_not_of(Blanks);
+    constexpr const char* blanks = " \t\r\n";
+    const std::size_t begin = text.find_first_not_of(blanks);
     if (begin == std::string::npos)
         return {};
-    std::string result = text.substr(begin, text.find_last_not_of(Blanks) - begin + 1);
+    std::string result = text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
     for (char& c : result) {
         if (c >= 'A' && c <= 'Z')
             c = static_cast<char>(c - 'A' + 'a');
@@ -26,7 +28,7 @@ std::string normalised(const std::string& text)
 
 std::string withoutSeparatorAtEnd(std::string path)
 {
-    path.erase(path.find_last_not_of(zelsuite::files::Separators) + 1);
+    path.erase(path.find_last_not_of(separators) + 1);
     return path;
 }
 
@@ -34,40 +36,50 @@ std::string withoutSeparatorAtEnd(std::string path)
 std::string builtInDirectory()
 {
     std::string path = zelsuite::files::ownLibraryDirectory();
-    path.erase(path.find_last_of(zelsuite::files::Separators) + 1);
+    path.erase(path.find_last_of(separators) + 1);
     return withoutSeparatorAtEnd(path) + "/share/zelstandard";
 }
 
-/// The directory that the host has set.
+/// The directory that the host has set. Never destroyed, since static destructors of the host may
+/// still ask for it.
 std::optional<std::string>& hostDirectory()
 {
-    static std::optional<std::string> directory;
+    static auto& directory = *new std::optional<std::string>;
     return directory;
 }
 
 } // namespace
 
-Tools::StringCompare::StringCompare(const std::string& text, int mode)
-    : text_(mode == IgnoringCaseAndBlanks ? normalised(text) : text), mode_(mode)
+namespace Tools
+{
+
+StringCompare::StringCompare(const std::string& text, int mode)
+    : text_(mode == ignoringCaseAndBlanks ? normalised(text) : text), mode_(mode)
 {
 }
 
-bool Tools::StringCompare::operator()(const std::string& candidate) const
+bool StringCompare::operator()(const std::string& candidate) const
 {
-    return mode_ == IgnoringCaseAndBlanks ? normalised(candidate) == text_ : candidate == text_;
+    return mode_ == ignoringCaseAndBlanks ? normalised(candidate) == text_ : candidate == text_;
 }
 
-bool Tools::File::exists(const std::string& path) { return zelsuite::files::exists(path); }
+bool File::exists(const std::string& path) { return zelsuite::files::exists(path); }
 
-std::string Tools::getInstallationDirectory(bool withSeparator)
+std::string getInstallationDirectory(bool withSeparator)
 {
     const std::string directory = hostDirectory() ? *hostDirectory() : builtInDirectory();
     return withSeparator ? directory + "/" : directory;
 }
 
-void zelsuite::setInstallationDirectory(const std::string& directory)
+} // namespace Tools
+
+namespace zelsuite
 {
-    hostDirectory().reset();
-    if (!directory.empty())
-        hostDirectory() = withoutSeparatorAtEnd(directory);
+
+void setInstallationDirectory(const std::string& directory)
+{
+    hostDirectory() =
+        directory.empty() ? std::nullopt : std::optional(withoutSeparatorAtEnd(directory));
 }
+
+} // namespace zelsuite

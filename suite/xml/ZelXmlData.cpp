@@ -3,72 +3,40 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <new>
 
-#include "Handles.h"
-#include "XmlCharacters.h"
+#include "Nodes.h"
+#include "XmlText.h"
 
-using zelsuite::xml::isName;
-using zelsuite::xml::toAttribute;
-using zelsuite::xml::toElement;
-using zelsuite::xml::toNode;
-using zelsuite::xml::toPugi;
-using zelsuite::xml::toXmlText;
+using namespace zelsuite::xml;
 
 namespace
 {
 
-bool isElement(const pugi::xml_node& node) { return node.type() == pugi::node_element; }
-
-bool isText(const pugi::xml_node& node)
-{
-    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
-}
-
-bool isNamed(const pugi::xml_node& node, const char* name)
-{
-    return isElement(node) && std::strcmp(node.name(), name) == 0;
-}
-
 /// The node itself or the first element behind it.
 pugi::xml_node elementFrom(pugi::xml_node node)
 {
-    while (node && !isElement(node))
+    while (!isNull(node) && node.type() != pugi::node_element)
         node = node.next_sibling();
     return node;
 }
 
-pugi::xml_node childNamed(const pugi::xml_node& parent, const char* name)
+bool isElementNamed(const pugi::xml_node& node, const char* name)
 {
-    for (pugi::xml_node child = parent.first_child(); name && child; child = child.next_sibling()) {
-        if (isNamed(child, name))
-            return child;
-    }
-    return {};
+    const char* const own = node.name(); // most names differ in their first letter
+    return *own == *name && std::strcmp(own, name) == 0 && node.type() == pugi::node_element;
 }
 
-pugi::xml_attribute attributeNamed(const pugi::xml_node& node, const char* name)
+pugi::xml_attribute attributeNamed(const ZelXmlData* element, const char* name)
 {
-    pugi::xml_attribute attribute = node.first_attribute();
-    while (attribute && (!name || std::strcmp(attribute.name(), name) != 0))
-        attribute = attribute.next_attribute();
-    return attribute;
-}
-
-/// The next node in document order within the tree below @p top; null at the end.
-pugi::xml_node nextInDocument(pugi::xml_node node, const pugi::xml_node& top)
-{
-    if (const pugi::xml_node child = node.first_child())
-        return child;
-    while (node != top && !node.next_sibling())
-        node = node.parent();
-    return node == top ? pugi::xml_node() : node.next_sibling();
+    return name ? toNode(element).attribute(name) : pugi::xml_attribute();
 }
 
 template <class Number> void setNumber(ZelXmlData* element, Number value)
 {
     std::array<char, 32> text; // the longest double has 24 characters
     const auto written = std::to_chars(text.data(), text.data() + text.size(), value);
-    ZelXmlData::setData(element, std::string(text.data(), written.ptr));
+    setText(toNode(element), {text.data(), written.ptr});
 }
 
 } // namespace
@@ -94,16 +62,27 @@ ZelXmlData* ZelXmlData::findTree(const ZelXmlData* element, const char* name, bo
 {
     if (!recursive || !name)
         return findChild(element, name);
-    const pugi::xml_node top = toNode(element);
-    pugi::xml_node node = top;
-    while (node && !isNamed(node, name))
-        node = nextInDocument(node, top);
+    pugi::xml_node node = toNode(element);
+    while (!isNull(node) && !isElementNamed(node, name)) {
+        pugi::xml_node next = node.first_child();
+        while (isNull(next) && toElement(node) != element) {
+            next = node.next_sibling();
+            if (isNull(next))
+                node = node.parent();
+        }
+        node = next;
+    }
     return toElement(node);
 }
 
 ZelXmlData* ZelXmlData::findChild(const ZelXmlData* element, const char* name)
 {
-    return toElement(childNamed(toNode(element), name));
+    if (!name)
+        return nullptr;
+    pugi::xml_node child = toNode(element).child(name);
+    while (!isNull(child) && child.type() != pugi::node_element)
+        child = child.next_sibling(name); // processing instructions have names, too
+    return toElement(child);
 }
 
 ZelXmlData* ZelXmlData::openChild(ZelXmlData* element, const char* name, bool always)
@@ -114,78 +93,72 @@ ZelXmlData* ZelXmlData::openChild(ZelXmlData* element, const char* name, bool al
 
 ZelXmlData* ZelXmlData::addChild(ZelXmlData* element, const char* name)
 {
-    if (!name || !isName(name))
-        return nullptr;
-    return toElement(toNode(element).append_child(name));
+    return toElement(appendElement(toNode(element), name));
 }
 
 void ZelXmlData::removeChild(ZelXmlData* element, ZelXmlData* child)
 {
-    toNode(element).remove_child(toNode(child));
+    const pugi::xml_node top = toNode(child);
+    if (!element || top.parent() != toNode(element))
+        return;
+    // Leaves first: pugixml would call itself once for each level.
+    for (pugi::xml_node node = top; node;) {
+        while (const pugi::xml_node inner = node.first_child())
+            node = inner;
+        pugi::xml_node parent = node.parent();
+        const bool isLast = node == top;
+        parent.remove_child(node);
+        node = isLast ? pugi::xml_node() : parent;
+    }
 }
 
-void ZelXmlData::moveToFront(ZelXmlData* element, ZelXmlData* child)
+void ZelXmlData::moveInFrontOf(ZelXmlData* element, ZelXmlData* child, ZelXmlData* other)
 {
-    pugi::xml_node parent = toNode(element);
     const pugi::xml_node node = toNode(child);
-    const pugi::xml_node first = elementFrom(parent.first_child());
-    if (node && node.parent() == parent && node != first)
-        parent.insert_move_before(node, first);
+    if (node.parent() == toNode(element))
+        node.parent().insert_move_before(node, toNode(other));
 }
 
 const ZelXmlAttributeData* ZelXmlData::findAttribute(const ZelXmlData* element, const char* name)
 {
-    return toAttribute(attributeNamed(toNode(element), name));
+    return toAttribute(attributeNamed(element, name));
 }
 
 std::string ZelXmlData::getAttributeString(const ZelXmlData* element, const char* name)
 {
-    return attributeNamed(toNode(element), name).value();
+    return attributeNamed(element, name).value();
 }
 
 void ZelXmlData::setAttribute(ZelXmlData* element, const char* name, const std::string& value)
 {
-    if (!name || !isName(name))
+    if (!element || !name || !isName(name))
         return;
+    std::string changed;
+    const std::string_view text = toXmlText(value, changed);
     pugi::xml_node node = toNode(element);
-    pugi::xml_attribute attribute = attributeNamed(node, name);
-    if (!attribute)
-        attribute = node.append_attribute(name);
-    attribute.set_value(toXmlText(value).c_str());
+    pugi::xml_attribute attribute = attributeNamed(element, name);
+    const bool isNew = !attribute;
+    if (isNew) {
+        attribute = node.append_attribute("");
+        attribute.set_name(name);
+    }
+    if (*attribute.name() && attribute.set_value(text.data(), text.size()))
+        return;
+    if (isNew)
+        node.remove_attribute(attribute);
+    throw std::bad_alloc();
 }
 
 std::string ZelXmlData::getData(const ZelXmlData* element)
 {
-    constexpr const char* White = " \t\r\n";
-    std::string text;
-    for (pugi::xml_node child = toNode(element).first_child(); child;
-         child = child.next_sibling()) {
-        if (isText(child))
-            text += child.value();
-    }
-    text.erase(text.find_last_not_of(White) + 1);
-    text.erase(0, text.find_first_not_of(White));
-    return text;
+    std::string joined;
+    return std::string(textOf(toNode(element), joined));
 }
 
 void ZelXmlData::setData(ZelXmlData* element, const std::string& text)
 {
-    pugi::xml_node node = toNode(element);
-    // The new text takes the place of the first one there was.
-    pugi::xml_node place = node.first_child();
-    while (place && !isText(place))
-        place = place.next_sibling();
-    if (!text.empty()) {
-        pugi::xml_node created = place ? node.insert_child_before(pugi::node_pcdata, place)
-                                       : node.prepend_child(pugi::node_pcdata);
-        created.set_value(toXmlText(text).c_str());
-    }
-    while (place) {
-        const pugi::xml_node next = place.next_sibling();
-        if (isText(place))
-            node.remove_child(place);
-        place = next;
-    }
+    std::string changed;
+    setText(toNode(element), toXmlText(text, changed));
 }
 
 void ZelXmlData::setData(ZelXmlData* element, int value) { setNumber(element, value); }

@@ -8,6 +8,7 @@
 
 /// @file
 /// What the embedded suite offers its host beyond the interfaces that the design standards call.
+/// The two setters are for one thread, while no other uses either library; the rest is for all.
 
 namespace zelsuite
 {

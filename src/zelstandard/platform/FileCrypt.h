@@ -6,7 +6,7 @@
 #include <zelstandard/Export.h>
 
 /// @file
-/// The suite's file-decryption library.
+/// The suite's file-decryption library. Several threads may call all of it.
 
 namespace FileCrypt::Clr
 {
@@ -15,13 +15,14 @@ namespace FileCrypt::Clr
 class ZELSUITE_API KorvaneUtil
 {
 public:
-    /// True when the file begins as an enciphered file does. Reads the first line only; the key
-    /// plays no part. False for a file that cannot be opened.
+    /// True when the file begins as an enciphered file does, of whatever version. Reads from the
+    /// first line only; the key plays no part. False for a file that cannot be opened.
     static bool isEncrypted(const std::string& path, const std::string& key);
 
     /// Writes the plain text of an enciphered file to the stream.
-    /// @return true on success. On false (not enciphered, damaged, cut, another key) nothing was
-    ///         written: the whole file is proved authentic before the first byte is put out.
+    /// @return true on success. On false (not enciphered or in an unknown version, damaged, cut,
+    ///         continued, another key) nothing was written: the text is put out in one piece when
+    ///         the whole file is proved authentic.
     static bool decrypt(const std::string& path, std::ostream& plain, const std::string& key);
 };
 

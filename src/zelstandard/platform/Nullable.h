@@ -3,7 +3,8 @@
 namespace zelt
 {
 
-/// A value that may be absent, as the suite's libraries pass it.
+/// A value that may be absent, as the suite's libraries pass it. Several threads may read one that
+/// none changes.
 template <class T> class Nullable
 {
 public:

@@ -5,7 +5,8 @@
 #include <zelstandard/Export.h>
 
 /// @file
-/// The suite's tools library, as far as the design standards need it.
+/// The suite's tools library, as far as the design standards need it. Several threads may call all
+/// of it while none changes the installation directory.
 
 namespace Tools
 {

@@ -3,7 +3,10 @@
 /// @file
 /// The few kernel file calls that the library uses, under their Windows names. On Windows they are
 /// the kernel's own; elsewhere the embedded suite gives them the same meaning, so that the code
-/// above this header is one path for both.
+/// above this header is one path for both. There they live in a namespace of their own, so that a
+/// host which brings functions of these names does not put its own in their place. A host with an
+/// external suite provides the functions of zelkernel, with C++ linkage, on every system but
+/// Windows. Several threads may call all of it.
 
 #if defined(_WIN32)
 
@@ -21,6 +24,9 @@
 
 #include <zelstandard/Export.h>
 
+namespace zelkernel
+{
+
 using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using BOOL = int;
@@ -33,7 +39,7 @@ inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 
 // A path may part its names with "\". The folder is what stands before the last "/" or "\": when it
 // does not exist as written, it is looked for with each "\" taken as "/", and when that does not
-// exist either, the whole path is taken as written, with "\" a character of a name.
+// exist either, the call fails.
 
 /// The temporary directory with a separator at its end: $TMPDIR, else /tmp.
 /// @return the length without the closing zero; the length needed with it when the buffer is too
@@ -68,5 +74,9 @@ ZELSUITE_API BOOL DeleteFileA(const char* path);
 /// @return the length without the closing zero; the length needed with it when the buffer is too
 ///         small; 0 when no such file exists
 ZELSUITE_API DWORD GetShortPathNameA(const char* path, char* buffer, DWORD size);
+
+} // namespace zelkernel
+
+using namespace zelkernel;
 
 #endif

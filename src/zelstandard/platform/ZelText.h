@@ -6,7 +6,8 @@
 
 /// @file
 /// The suite's text resource: display and report texts by numeric id, UTF-8, in the language that
-/// the suite is set to. An unknown id gives the empty string.
+/// the suite is set to. An unknown id gives the empty string. Several threads may ask for texts
+/// while none changes the language.
 
 /// The texts of the language in force.
 class ZELSUITE_API ZelTextResource

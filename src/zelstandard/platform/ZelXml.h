@@ -12,9 +12,14 @@
 /// A `ZelXmlData*` is the handle of one element of a tree. It is owned by its tree, valid as long
 /// as the tree lives and the element is not removed, and never dereferenced by the caller. Every
 /// operation accepts a null handle: it finds nothing, gives the empty text, and changes nothing.
-/// Names and texts are UTF-8. An element or attribute whose name is none that XML allows is not
-/// created. In texts and attribute values, what XML cannot hold (most control characters, bytes
-/// that are not UTF-8) is stored as U+FFFD, so that what is written can be read.
+/// Names and texts are UTF-8. What a document that was read holds is kept as it stands; what is
+/// handed in here is made safe for writing. A name begins with an ASCII letter, "_", ":" or a
+/// character beyond ASCII and goes on with these, digits, "-" and "."; an element or attribute of
+/// another name is not created. In texts and attribute values, what XML cannot hold (most control
+/// characters, bytes that are not UTF-8) is stored as U+FFFD.
+/// When there is no memory an operation throws std::bad_alloc, and the tree keeps all that it held;
+/// ZelXmlTree::buildOfStream leaves it empty.
+/// Several threads may read a tree that none changes; trees do not disturb one another.
 
 /// Operations on one attribute of an element.
 class ZELSUITE_API ZelXmlAttributeData
@@ -56,8 +61,8 @@ public:
     /// its tree must not be removed.
     static void removeChild(ZelXmlData* element, ZelXmlData* child);
 
-    /// Moves a child in front of all other child elements.
-    static void moveToFront(ZelXmlData* element, ZelXmlData* child);
+    /// Moves a child in front of another one.
+    static void moveInFrontOf(ZelXmlData* element, ZelXmlData* child, ZelXmlData* other);
 
     /// The first attribute of that name, or null.
     static const ZelXmlAttributeData* findAttribute(const ZelXmlData* element, const char* name);
@@ -118,12 +123,15 @@ public:
     ~ZelXmlTree();
 
     /// Replaces the document by the one in the stream, read to its end. A stream in a bad state
-    /// leaves an empty tree; so does a document that is not well formed, has text or a second
-    /// element beside its root, holds a NUL byte or bytes that are not of its encoding (UTF-8,
-    /// UTF-16, or ISO-8859-1 or US-ASCII as declared), or nests deeper than 1000 elements. A
-    /// document type declaration is skipped and no entities but the five of XML are expanded:
-    /// references to entities that it may declare stay as they are written. Of two attributes of
-    /// one name the first counts.
+    /// leaves an empty tree; so does a document whose tags do not match or are otherwise damaged,
+    /// that has no root, text or a second element beside it, or that nests deeper than 1000
+    /// elements: there is never half of a document. Anything else is read as it stands, also where
+    /// XML forbids it: a bare "&", control characters, bytes that are no UTF-8. What follows a NUL
+    /// byte behind the root is not seen.
+    /// UTF-16 and UTF-32 are known by their first bytes, ISO-8859-1 by the declaration; all else
+    /// counts as UTF-8. A document type declaration is skipped and no entities but the five of XML
+    /// are expanded: references to others stay as they are written. Of two attributes of one name
+    /// the first counts.
     /// The tree takes the memory of the text and, on 64 bits, about 64 bytes for each element, text
     /// and comment and 40 for each attribute.
     /// @return true when the tree has a root
@@ -146,7 +154,9 @@ public:
     /// Writes the document as UTF-8 with an XML declaration; nothing when the tree is empty or the
     /// stream is in a bad state. What was read and is not understood is kept, but for the document
     /// type declaration. A written document that is read and written again keeps its bytes from the
-    /// second writing on (the first may hold line ends and blank texts as the caller set them).
+    /// second writing on (the first may hold line ends and blank texts as the caller set them). A
+    /// stream that does not take all of it, a string stream without memory included, says so by its
+    /// state.
     /// @param indented a line and an indentation for each element
     void putToStream(std::ostream& stream, bool indented) const;
 
