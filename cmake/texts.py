@@ -86,13 +86,13 @@ def source_of(tables):
     lines = ["// Made by texts.py from the text tables; change those.", '#include "text/TextTables.h"', ""]
     lines += ["namespace zelsuite::text", "{", "", "namespace", "{", ""]
     for index, (_, rows) in enumerate(tables):
-        lines.append(f"constexpr TextRow Rows{index}[] = {{")
+        lines.append(f"constexpr TextRow rows{index}[] = {{")
         lines += [f"    {{{i}u, {literal(display)}, {literal(report)}}}," for i, display, report in rows]
         lines += ["};", ""]
-    lines.append("constexpr TextTable Tables[] = {")
-    lines += [f"    {{{literal(name)}, Rows{index}}}," for index, (name, _) in enumerate(tables)]
+    lines.append("constexpr TextTable tables[] = {")
+    lines += [f"    {{{literal(name)}, rows{index}}}," for index, (name, _) in enumerate(tables)]
     lines += ["};", "", "} // namespace", ""]
-    lines += ["std::span<const TextTable> textTables() { return Tables; }", ""]
+    lines += ["std::span<const TextTable> textTables() { return tables; }", ""]
     lines += ["} // namespace zelsuite::text", ""]
     return "\n".join(lines)
 

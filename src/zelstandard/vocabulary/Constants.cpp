@@ -1,7 +1,22 @@
 #include <zelstandard/vocabulary/Constants.h>
 
+#include <iterator>
+
+#include <zelstandard/vocabulary/Enumerations.h>
+#include <zelstandard/vocabulary/detail/Words.h>
+
 namespace Standard::Constants
 {
+
+namespace
+{
+
+template <const auto& rows, class Value> constexpr const char* wordOf(Value value)
+{
+    return Words<rows, 0>::text(value);
+}
+
+} // namespace
 
 const char* const Instant::NotDefined = "notDefined";
 const char* const Instant::NotDefinedOld = "eNotASignificantInstant";
@@ -49,22 +64,24 @@ const char* const Label::ExclGroup = "EXCLGROUP";
 const char* const Label::CombGroup = "COMBGROUP";
 const char* const Label::Annexes = "ANNEXES";
 const char* const Label::Annex = "ANNEX";
-const char* const Label::RoadWay = "ROADWAY";
-const char* const Label::RailWay1 = "RAILWAY1";
-const char* const Label::RailWay2 = "RAILWAY2";
-const char* const Label::RailWay3 = "RAILWAY3";
-const char* const Label::FootBridge1 = "FOOTBRIDGE1";
-const char* const Label::FootBridge2 = "FOOTBRIDGE2";
-const char* const Label::Common = "COMMON";
-const char* const Label::Engineering = "ENGINEERING";
-const char* const Label::Dcl = "DCL";
-const char* const Label::Dcm = "DCM";
-const char* const Label::Dch = "DCH";
-const char* const Label::Permanent = "PERMANENT";
-const char* const Label::LongTerm = "LONGTERM";
-const char* const Label::MediumTerm = "MEDIUMTERM";
-const char* const Label::ShortTerm = "SHORTTERM";
-const char* const Label::Instantaneous = "INSTANTANEOUS";
+const char* const Label::RoadWay = wordOf<bridgeTypeWords>(Standard::BridgeType::ROADWAY);
+const char* const Label::RailWay1 = wordOf<bridgeTypeWords>(Standard::BridgeType::RAILWAY1);
+const char* const Label::RailWay2 = wordOf<bridgeTypeWords>(Standard::BridgeType::RAILWAY2);
+const char* const Label::RailWay3 = wordOf<bridgeTypeWords>(Standard::BridgeType::RAILWAY3);
+const char* const Label::FootBridge1 = wordOf<bridgeTypeWords>(Standard::BridgeType::FOOTBRIDGE1);
+const char* const Label::FootBridge2 = std::rbegin(bridgeTypeWords)->word;
+const char* const Label::Common = wordOf<buildingTypeWords>(Standard::BuildingType::COMMON);
+const char* const Label::Engineering =
+    wordOf<buildingTypeWords>(Standard::BuildingType::ENGINEERING);
+const char* const Label::Dcl = wordOf<ductilityClassWords>(Standard::DuctilityClass::DCL);
+const char* const Label::Dcm = wordOf<ductilityClassWords>(Standard::DuctilityClass::DCM);
+const char* const Label::Dch = wordOf<ductilityClassWords>(Standard::DuctilityClass::DCH);
+const char* const Label::Permanent = wordOf<loadDurationWords>(Standard::LoadDuration::PERMANENT);
+const char* const Label::LongTerm = wordOf<loadDurationWords>(Standard::LoadDuration::LONGTERM);
+const char* const Label::MediumTerm = wordOf<loadDurationWords>(Standard::LoadDuration::MEDIUMTERM);
+const char* const Label::ShortTerm = wordOf<loadDurationWords>(Standard::LoadDuration::SHORTTERM);
+const char* const Label::Instantaneous =
+    wordOf<loadDurationWords>(Standard::LoadDuration::INSTANTANEOUS);
 const char* const Label::Settings = "SETTINGS";
 const char* const Label::StandardMode = "STANDARD_MODE";
 const char* const Label::ClassificationMode = "CLASSIFICATION_MODE";

@@ -2,6 +2,9 @@
 
 #include <zelstandard/Export.h>
 
+/// @file
+/// Names that are constant, for any thread.
+
 namespace Standard::Constants
 {
 

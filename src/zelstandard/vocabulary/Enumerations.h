@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zelstandard/vocabulary/StateAttributeToken.h>
+#include <zelstandard/vocabulary/Word.h>
 
 /// @file
 /// The enumerations of the library, each followed by its persistence words.
@@ -8,16 +9,10 @@
 /// The numeric values are stored in files and used as keys; they are never renumbered. Words are
 /// case-sensitive. Each table of words is read by XMLUtil in the order of its rows, a later row of
 /// a word replacing an earlier one; where several words share a value, writing gives the
-/// alphabetically first.
+/// alphabetically first. All is constant, for any thread.
 
 namespace Standard
 {
-
-/// One row of a table of words.
-template <class Enumeration> struct Word {
-    Enumeration value;
-    const char* word;
-};
 
 /// Design code in force.
 enum class Mode : int {
@@ -31,16 +26,28 @@ enum class Mode : int {
     BS = 7,       ///< EN 1990 with the British annex
     DIN_EN = 8,   ///< EN 1990 with the German annex
 };
-inline constexpr Word<Mode> modeWords[] = {
-    {Mode::NO_CODE,  "-"       },
-    {Mode::EC,       "EC"      },
-    {Mode::DIN_1988, "DIN-1988"},
-    {Mode::DIN_2008, "DIN-2008"},
-    {Mode::SIA,      "SIA"     },
-    {Mode::OENORM,   "OENORM"  },
-    {Mode::CSN,      "CSN"     },
-    {Mode::BS,       "BS"      },
-    {Mode::DIN_EN,   "DIN-EN"  },
+
+/// The facts of a design code: its number for the suite's other programs (getCODE), its display
+/// name, and the texts that describe it by material: for buildings of concrete, steel, timber, for
+/// bridges of concrete, steel, steel girders with a concrete slab, precast girders with in-situ
+/// concrete. Text 0: none.
+struct DesignCode {
+    Mode value;
+    const char* word;
+    int number;
+    unsigned int textId;
+    unsigned int descriptions[7];
+};
+inline constexpr DesignCode designCodes[] = {
+    {Mode::NO_CODE,  "-",        0, 0,    {}                                        },
+    {Mode::EC,       "EC",       1, 3214, {7423, 7429, 7435, 7441, 7447, 7452, 7455}},
+    {Mode::DIN_1988, "DIN-1988", 0, 1375, {}                                        },
+    {Mode::DIN_2008, "DIN-2008", 2, 5094, {7424, 7430, 7436, 7442, 7448, 7453, 7456}},
+    {Mode::SIA,      "SIA",      0, 5098, {}                                        },
+    {Mode::OENORM,   "OENORM",   3, 6470, {7426, 7432, 7438, 7444, 7450, 0, 7458}   },
+    {Mode::CSN,      "CSN",      6, 6471, {7427, 7433, 7439, 7445, 7451, 0, 7459}   },
+    {Mode::BS,       "BS",       4, 6472, {7428, 7434, 7440, 7446, 0, 0, 7460}      },
+    {Mode::DIN_EN,   "DIN-EN",   5, 6469, {7425, 7431, 7437, 7443, 7449, 7454, 7457}},
 };
 
 /// Kind of structure. It has no table of words: only "BRIDGE" reads as BRIDGE, and every other
@@ -188,19 +195,20 @@ enum class ActionGroupType : int {
     L = 10, ///< live load
     Z = 11, ///< restraint
 };
-inline constexpr Word<ActionGroupType> actionGroupTypeWords[] = {
-    {ActionGroupType::NONE, "NONE"},
-    {ActionGroupType::G,    "G"   },
-    {ActionGroupType::V,    "V"   },
-    {ActionGroupType::P,    "P"   },
-    {ActionGroupType::E,    "E"   },
-    {ActionGroupType::T,    "T"   },
-    {ActionGroupType::S,    "S"   },
-    {ActionGroupType::SNOW, "SNOW"},
-    {ActionGroupType::WIND, "WIND"},
-    {ActionGroupType::A,    "A"   },
-    {ActionGroupType::L,    "L"   },
-    {ActionGroupType::Z,    "Z"   },
+/// The order of the texts is not that of the values.
+inline constexpr NamedWord<ActionGroupType> actionGroupTypeWords[] = {
+    {ActionGroupType::NONE, "NONE", 0   },
+    {ActionGroupType::G,    "G",    6065},
+    {ActionGroupType::V,    "V",    6066},
+    {ActionGroupType::P,    "P",    6068},
+    {ActionGroupType::E,    "E",    6069},
+    {ActionGroupType::T,    "T",    6070},
+    {ActionGroupType::S,    "S",    6073},
+    {ActionGroupType::SNOW, "SNOW", 6072},
+    {ActionGroupType::WIND, "WIND", 6071},
+    {ActionGroupType::A,    "A",    6067},
+    {ActionGroupType::L,    "L",    6074},
+    {ActionGroupType::Z,    "Z",    6075},
 };
 
 /// Load type of a state attribute. The values 12 and 13 have no word.
@@ -363,51 +371,52 @@ enum class InstructionType : int {
     ELM4_44 = 41,
     ELM4_54 = 42,
 };
-inline constexpr Word<InstructionType> instructionTypeWords[] = {
-    {InstructionType::NONE,                "NONE"               },
-    {InstructionType::CHARACTERISTIC,      "CHARACTERISTIC"     },
-    {InstructionType::FUNDAMENTAL,         "FUNDAMENTAL"        },
-    {InstructionType::ACCIDENTAL,          "ACCIDENTAL"         },
-    {InstructionType::RARE,                "RARE"               },
-    {InstructionType::FREQUENT,            "FREQUENT"           },
-    {InstructionType::QUASI_PERMANENT,     "QUASI_PERMANENT"    },
-    {InstructionType::INFREQUENT,          "INFREQUENT"         },
-    {InstructionType::FULL_DIN,            "FULL_DIN"           },
-    {InstructionType::FULL_EC2,            "FULL_EC2"           },
-    {InstructionType::BRIDGE_DIN,          "BRIDGE_DIN"         },
-    {InstructionType::BRIDGE_EC2,          "BRIDGE_EC2"         },
-    {InstructionType::CONCRETE_DIN,        "CONCRETE_DIN"       },
-    {InstructionType::STEEL_DIN,           "STEEL_DIN"          },
-    {InstructionType::BRIDGE_CSN,          "BRIDGE_CSN"         },
-    {InstructionType::PONTI_EC2,           "PONTI_EC2"          },
-    {InstructionType::CREEP,               "CREEP"              },
-    {InstructionType::ACTIONTYPES,         "ACTIONTYPES"        },
-    {InstructionType::FATIGUE,             "FATIGUE"            },
-    {InstructionType::FATIGUE_G,           "FATIGUE_G"          },
-    {InstructionType::FATIGUE_ZERO,        "FATIGUE_ZERO"       },
-    {InstructionType::DECOMPRESSION,       "DECOMPRESSION"      },
-    {InstructionType::EARTHQUAKE,          "EARTHQUAKE"         },
-    {InstructionType::EARTHQUAKE_RESPONSE, "EARTHQUAKE_RESPONSE"},
-    {InstructionType::ELM4_11,             "ELM4_11"            },
-    {InstructionType::ELM4_21,             "ELM4_21"            },
-    {InstructionType::ELM4_31,             "ELM4_31"            },
-    {InstructionType::ELM4_41,             "ELM4_41"            },
-    {InstructionType::ELM4_51,             "ELM4_51"            },
-    {InstructionType::ELM4_12,             "ELM4_12"            },
-    {InstructionType::ELM4_22,             "ELM4_22"            },
-    {InstructionType::ELM4_32,             "ELM4_32"            },
-    {InstructionType::ELM4_42,             "ELM4_42"            },
-    {InstructionType::ELM4_52,             "ELM4_52"            },
-    {InstructionType::ELM4_13,             "ELM4_13"            },
-    {InstructionType::ELM4_23,             "ELM4_23"            },
-    {InstructionType::ELM4_33,             "ELM4_33"            },
-    {InstructionType::ELM4_43,             "ELM4_43"            },
-    {InstructionType::ELM4_53,             "ELM4_53"            },
-    {InstructionType::ELM4_14,             "ELM4_14"            },
-    {InstructionType::ELM4_24,             "ELM4_24"            },
-    {InstructionType::ELM4_34,             "ELM4_34"            },
-    {InstructionType::ELM4_44,             "ELM4_44"            },
-    {InstructionType::ELM4_54,             "ELM4_54"            },
+/// Full superposition has one text under DIN and under EC.
+inline constexpr NamedWord<InstructionType> instructionTypeWords[] = {
+    {InstructionType::NONE,                "NONE",                0   },
+    {InstructionType::CHARACTERISTIC,      "CHARACTERISTIC",      6521},
+    {InstructionType::FUNDAMENTAL,         "FUNDAMENTAL",         4131},
+    {InstructionType::ACCIDENTAL,          "ACCIDENTAL",          4135},
+    {InstructionType::RARE,                "RARE",                4136},
+    {InstructionType::FREQUENT,            "FREQUENT",            4137},
+    {InstructionType::QUASI_PERMANENT,     "QUASI_PERMANENT",     4138},
+    {InstructionType::INFREQUENT,          "INFREQUENT",          5167},
+    {InstructionType::FULL_DIN,            "FULL_DIN",            4126},
+    {InstructionType::FULL_EC2,            "FULL_EC2",            4126},
+    {InstructionType::BRIDGE_DIN,          "BRIDGE_DIN",          4125},
+    {InstructionType::BRIDGE_EC2,          "BRIDGE_EC2",          0   },
+    {InstructionType::CONCRETE_DIN,        "CONCRETE_DIN",        4127},
+    {InstructionType::STEEL_DIN,           "STEEL_DIN",           4129},
+    {InstructionType::BRIDGE_CSN,          "BRIDGE_CSN",          5151},
+    {InstructionType::PONTI_EC2,           "PONTI_EC2",           5216},
+    {InstructionType::CREEP,               "CREEP",               5503},
+    {InstructionType::ACTIONTYPES,         "ACTIONTYPES",         5742},
+    {InstructionType::FATIGUE,             "FATIGUE",             6087},
+    {InstructionType::FATIGUE_G,           "FATIGUE_G",           0   },
+    {InstructionType::FATIGUE_ZERO,        "FATIGUE_ZERO",        0   },
+    {InstructionType::DECOMPRESSION,       "DECOMPRESSION",       6141},
+    {InstructionType::EARTHQUAKE,          "EARTHQUAKE",          6348},
+    {InstructionType::EARTHQUAKE_RESPONSE, "EARTHQUAKE_RESPONSE", 6976},
+    {InstructionType::ELM4_11,             "ELM4_11",             7099},
+    {InstructionType::ELM4_21,             "ELM4_21",             7100},
+    {InstructionType::ELM4_31,             "ELM4_31",             7101},
+    {InstructionType::ELM4_41,             "ELM4_41",             7102},
+    {InstructionType::ELM4_51,             "ELM4_51",             7103},
+    {InstructionType::ELM4_12,             "ELM4_12",             7104},
+    {InstructionType::ELM4_22,             "ELM4_22",             7105},
+    {InstructionType::ELM4_32,             "ELM4_32",             7106},
+    {InstructionType::ELM4_42,             "ELM4_42",             7107},
+    {InstructionType::ELM4_52,             "ELM4_52",             7108},
+    {InstructionType::ELM4_13,             "ELM4_13",             7109},
+    {InstructionType::ELM4_23,             "ELM4_23",             7110},
+    {InstructionType::ELM4_33,             "ELM4_33",             7111},
+    {InstructionType::ELM4_43,             "ELM4_43",             7112},
+    {InstructionType::ELM4_53,             "ELM4_53",             7113},
+    {InstructionType::ELM4_14,             "ELM4_14",             7114},
+    {InstructionType::ELM4_24,             "ELM4_24",             7115},
+    {InstructionType::ELM4_34,             "ELM4_34",             7116},
+    {InstructionType::ELM4_44,             "ELM4_44",             7117},
+    {InstructionType::ELM4_54,             "ELM4_54",             7118},
 };
 
 /// Identity of an action type; ActionType names it Id.
@@ -465,59 +474,60 @@ enum class ActionTypeId : int {
     SNOW_1000 = 50,
     CRANE = 51,
 };
-inline constexpr Word<ActionTypeId> actionTypeIdWords[] = {
-    {ActionTypeId::NONE,       "NONE"      },
-    {ActionTypeId::G1,         "G1"        },
-    {ActionTypeId::G2,         "G2"        },
-    {ActionTypeId::V,          "V"         },
-    {ActionTypeId::S,          "S"         },
-    {ActionTypeId::D,          "D"         },
-    {ActionTypeId::PTG1,       "PTG1"      },
-    {ActionTypeId::PTG2,       "PTG2"      },
-    {ActionTypeId::DSTU,       "DSTU"      },
-    {ActionTypeId::DDEF,       "DDEF"      },
-    {ActionTypeId::SSHI,       "SSHI"      },
-    {ActionTypeId::U,          "U"         },
-    {ActionTypeId::P,          "P"         },
-    {ActionTypeId::E,          "E"         },
-    {ActionTypeId::NLA,        "NLA"       },
-    {ActionTypeId::NLB,        "NLB"       },
-    {ActionTypeId::NLC,        "NLC"       },
-    {ActionTypeId::NLD,        "NLD"       },
-    {ActionTypeId::NLE,        "NLE"       },
-    {ActionTypeId::NLF,        "NLF"       },
-    {ActionTypeId::NLG,        "NLG"       },
-    {ActionTypeId::NLH,        "NLH"       },
-    {ActionTypeId::SW0,        "SW0"       },
-    {ActionTypeId::SW2,        "SW2"       },
-    {ActionTypeId::BRAKE_LM71, "BRAKE_LM71"},
-    {ActionTypeId::BRAKE_SW2,  "BRAKE_SW2" },
-    {ActionTypeId::CENTR_LM71, "CENTR_LM71"},
-    {ActionTypeId::CENTR_SW0,  "CENTR_SW0" },
-    {ActionTypeId::CENTR_SW2,  "CENTR_SW2" },
-    {ActionTypeId::PUSH,       "PUSH"      },
-    {ActionTypeId::SNOW,       "SNOW"      },
-    {ActionTypeId::M,          "M"         },
-    {ActionTypeId::T,          "T"         },
-    {ActionTypeId::LW,         "LW"        },
-    {ActionTypeId::BA,         "BA"        },
-    {ActionTypeId::Z,          "Z"         },
-    {ActionTypeId::A,          "A"         },
-    {ActionTypeId::B,          "B"         },
-    {ActionTypeId::P_WALK,     "P_WALK"    },
-    {ActionTypeId::EXCL_WALK,  "EXCL_WALK" },
-    {ActionTypeId::RARE,       "RARE"      },
-    {ActionTypeId::ADDITIONAL, "ADDITIONAL"},
-    {ActionTypeId::LM71,       "LM71"      },
-    {ActionTypeId::EARTH,      "EARTH"     },
-    {ActionTypeId::EARTH_0,    "EARTH_0"   },
-    {ActionTypeId::EARTH_INCR, "EARTH_INCR"},
-    {ActionTypeId::EARTH_Q,    "EARTH_Q"   },
-    {ActionTypeId::U_CST,      "U_CST"     },
-    {ActionTypeId::WIND_CST,   "WIND_CST"  },
-    {ActionTypeId::SNOW_CST,   "SNOW_CST"  },
-    {ActionTypeId::SNOW_1000,  "SNOW_1000" },
-    {ActionTypeId::CRANE,      "CRANE"     },
+/// The internal types PTG1, PTG2, DSTU and DDEF have no text.
+inline constexpr NamedWord<ActionTypeId> actionTypeIdWords[] = {
+    {ActionTypeId::NONE,       "NONE",       6014},
+    {ActionTypeId::G1,         "G1",         6016},
+    {ActionTypeId::G2,         "G2",         6018},
+    {ActionTypeId::V,          "V",          4995},
+    {ActionTypeId::S,          "S",          6041},
+    {ActionTypeId::D,          "D",          6045},
+    {ActionTypeId::PTG1,       "PTG1",       0   },
+    {ActionTypeId::PTG2,       "PTG2",       0   },
+    {ActionTypeId::DSTU,       "DSTU",       0   },
+    {ActionTypeId::DDEF,       "DDEF",       0   },
+    {ActionTypeId::SSHI,       "SSHI",       4111},
+    {ActionTypeId::U,          "U",          6023},
+    {ActionTypeId::P,          "P",          6033},
+    {ActionTypeId::E,          "E",          6037},
+    {ActionTypeId::NLA,        "NLA",        6024},
+    {ActionTypeId::NLB,        "NLB",        6025},
+    {ActionTypeId::NLC,        "NLC",        6026},
+    {ActionTypeId::NLD,        "NLD",        6027},
+    {ActionTypeId::NLE,        "NLE",        6028},
+    {ActionTypeId::NLF,        "NLF",        6029},
+    {ActionTypeId::NLG,        "NLG",        6030},
+    {ActionTypeId::NLH,        "NLH",        6031},
+    {ActionTypeId::SW0,        "SW0",        6051},
+    {ActionTypeId::SW2,        "SW2",        6052},
+    {ActionTypeId::BRAKE_LM71, "BRAKE_LM71", 6053},
+    {ActionTypeId::BRAKE_SW2,  "BRAKE_SW2",  6054},
+    {ActionTypeId::CENTR_LM71, "CENTR_LM71", 6055},
+    {ActionTypeId::CENTR_SW0,  "CENTR_SW0",  6056},
+    {ActionTypeId::CENTR_SW2,  "CENTR_SW2",  6057},
+    {ActionTypeId::PUSH,       "PUSH",       6058},
+    {ActionTypeId::SNOW,       "SNOW",       6039},
+    {ActionTypeId::M,          "M",          6042},
+    {ActionTypeId::T,          "T",          6040},
+    {ActionTypeId::LW,         "LW",         6043},
+    {ActionTypeId::BA,         "BA",         6046},
+    {ActionTypeId::Z,          "Z",          6038},
+    {ActionTypeId::A,          "A",          6047},
+    {ActionTypeId::B,          "B",          6048},
+    {ActionTypeId::P_WALK,     "P_WALK",     6061},
+    {ActionTypeId::EXCL_WALK,  "EXCL_WALK",  6062},
+    {ActionTypeId::RARE,       "RARE",       6063},
+    {ActionTypeId::ADDITIONAL, "ADDITIONAL", 6064},
+    {ActionTypeId::LM71,       "LM71",       6050},
+    {ActionTypeId::EARTH,      "EARTH",      6044},
+    {ActionTypeId::EARTH_0,    "EARTH_0",    6275},
+    {ActionTypeId::EARTH_INCR, "EARTH_INCR", 6518},
+    {ActionTypeId::EARTH_Q,    "EARTH_Q",    6060},
+    {ActionTypeId::U_CST,      "U_CST",      6237},
+    {ActionTypeId::WIND_CST,   "WIND_CST",   7376},
+    {ActionTypeId::SNOW_CST,   "SNOW_CST",   7378},
+    {ActionTypeId::SNOW_1000,  "SNOW_1000",  7380},
+    {ActionTypeId::CRANE,      "CRANE",      7382},
 };
 
 /// Combination and exclusion groups are plain numbers; three families of words share them.

@@ -5,6 +5,10 @@
 #include <zelstandard/Export.h>
 #include <zelstandard/vocabulary/Enumerations.h>
 
+/// @file
+/// Texts of operators and combinations. Several threads may ask for them while none changes the
+/// language.
+
 namespace Standard
 {
 

@@ -26,7 +26,7 @@ using Constants::Instant;
 const std::array<Entry, 14>& entries()
 {
     using enum SignificantInstant;
-    static const std::array<Entry, 14> table = {
+    static const auto& table = *new std::array<Entry, 14>{
         {
          {NotDefined, 7539, Instant::NotDefined, Instant::NotDefinedOld},
          {Concreting, 7530, Instant::Concreting, Instant::ConcretingOld},

@@ -4,6 +4,10 @@
 
 #include <zelstandard/Export.h>
 
+/// @file
+/// The stages of construction and their names. Several threads may ask for them while none changes
+/// the language.
+
 namespace Standard
 {
 

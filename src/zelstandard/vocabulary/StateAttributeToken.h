@@ -1,5 +1,10 @@
 #pragma once
 
+#include <zelstandard/vocabulary/Word.h>
+
+/// @file
+/// The tokens and their words; constant, for any thread.
+
 namespace Standard
 {
 
@@ -142,16 +147,9 @@ enum class StateAttributeToken : int {
     CRANEWAY = 130,
 };
 
-/// One row of the token table.
-struct StateAttributeTokenRow {
-    StateAttributeToken value;
-    const char* word;        ///< persistence word, as files spell it
-    unsigned int nameTextId; ///< text of the token's display name
-};
-
 /// All tokens in the order of their values. The text ids follow the text resource, not the values:
 /// BRAKE and FATIGUE, for one, stand there in the reverse order.
-inline constexpr StateAttributeTokenRow stateAttributeTokens[] = {
+inline constexpr NamedWord<StateAttributeToken> stateAttributeTokens[] = {
     {StateAttributeToken::UNDEFINED,        "-",                3463},
     {StateAttributeToken::G1,               "G1",               4107},
     {StateAttributeToken::G1_CST,           "G1_CST",           4108},

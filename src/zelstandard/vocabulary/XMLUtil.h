@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include <zelstandard/Export.h>
@@ -18,7 +17,7 @@ namespace Standard
 /// ("NONE"), DesignMaterial and Operator (no member), and BUILDING for Classification. A value
 /// without a word gives "-".
 ///
-/// Each table is built at the first use of it; two first uses of one table must not race.
+/// Nothing is kept, so everything may be called from several threads.
 class ZELSTANDARD_API XMLUtil
 {
 public:
@@ -66,11 +65,7 @@ public:
     [[nodiscard]] std::string getStringToStateAttrToken(StateAttributeToken value);
 
 private:
-    struct Tables;
-
-    XMLUtil();
-
-    std::unique_ptr<Tables> tables_;
+    XMLUtil() = default;
 };
 
 } // namespace Standard
