@@ -5,6 +5,10 @@ namespace Standard
 
 Class::Class(char name, const std::string& description) : name_(name), description_(description) {}
 
+Class::Class(const Class& other) = default;
+Class::Class(Class&& other) noexcept = default;
+Class& Class::operator=(const Class& other) = default;
+Class& Class::operator=(Class&& other) noexcept = default;
 Class::~Class() = default;
 
 std::string Class::getNameAndDescription() const { return name_ + (" " + description_); }

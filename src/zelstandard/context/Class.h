@@ -8,12 +8,16 @@ namespace Standard
 {
 
 /// A durability class of concrete design: a letter, 'A' to 'F', and its text.
+///
+/// Several threads may read an object that none changes.
 class ZELSTANDARD_API Class
 {
 public:
     Class(char name, const std::string& description);
-    Class(const Class&) = default;
-    Class& operator=(const Class&) = default;
+    Class(const Class& other);
+    Class(Class&& other) noexcept;
+    Class& operator=(const Class& other);
+    Class& operator=(Class&& other) noexcept;
     virtual ~Class();
 
     [[nodiscard]] char getName() const { return name_; }

@@ -3,11 +3,15 @@
 #include <string>
 #include <utility>
 
+#include <zelstandard/Export.h>
+
 namespace Standard
 {
 
 /// An exposure class of concrete (EN 206-1 Table 1).
-class ExposureClass
+///
+/// Several threads may read an object that none changes.
+class ZELSTANDARD_API ExposureClass
 {
 public:
     ExposureClass(std::string name, std::string description, int group, int number)

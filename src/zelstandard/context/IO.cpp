@@ -1,10 +1,10 @@
 #include <zelstandard/context/IO.h>
 
+#include <array>
+
 #include <zelstandard/context/ZelStandard.h>
-#include <zelstandard/datafiles/DataFile.h>
-#include <zelstandard/datafiles/XmlDocument.h>
-#include <zelstandard/datafiles/zelofstream.h>
-#include <zelstandard/platform/ZelXml.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
@@ -12,6 +12,41 @@ namespace Standard
 {
 
 using Constants::Label;
+
+namespace
+{
+
+/// One setting that is a word: its element, and how it is set from the word and got as one.
+struct Setting {
+    const char* element;
+    void (*set)(ZelStandard& standard, const std::string& word);
+    std::string (*get)(const ZelStandard& standard);
+};
+
+template <auto set, auto valueOf, auto get, auto wordOf>
+constexpr Setting setting(const char* element)
+{
+    return {element,
+            [](ZelStandard& s, const std::string& w) { (s.*set)((XMLUtil::get()->*valueOf)(w)); },
+            [](const ZelStandard& s) { return (XMLUtil::get()->*wordOf)((s.*get)()); }};
+}
+
+using Z = ZelStandard;
+using W = XMLUtil;
+
+// clang-format off
+const std::array settings = {
+    setting<&Z::setMode,           &W::getModeToString,           &Z::getMode,           &W::getStringToMode          >(Label::StandardMode),
+    setting<&Z::setClassification, &W::getClassificationToString, &Z::getClassification, &W::getStringToClassification>(Label::ClassificationMode),
+    setting<&Z::setBridgeType,     &W::getBridgeTypeToString,     &Z::getBridgeType,     &W::getStringToBridgeType    >(Label::BridgeType),
+    setting<&Z::setBuildingType,   &W::getBuildingTypeToString,   &Z::getBuildingType,   &W::getStringToBuildingType  >(Label::BuildingType),
+    setting<&Z::setDesignMaterial, &W::getDgnMaterialToString,    &Z::getDesignMaterial, &W::getStringToDgnMaterial   >(Label::DesignMaterial),
+    setting<&Z::setSituation,      &W::getDgnSituationToString,   &Z::getSituation,      &W::getStringToDgnSituation  >(Label::Situation),
+    setting<&Z::setDuctilityClass, &W::getDuctilityClassToString, &Z::getDuctilityClass, &W::getStringToDuctilityClass>(Label::DuctilityClass),
+};
+// clang-format on
+
+} // namespace
 
 void IO::read(const std::string& path, ZelStandard* standard)
 {
@@ -25,41 +60,25 @@ void IO::read(const std::string& path, ZelStandard* standard)
 
 void IO::read(ZelXmlData* root, ZelStandard* standard)
 {
-    const ZelXmlData* settings = ZelXmlData::findTree(root, Label::Settings, true);
-    if (!settings)
+    const ZelXmlData* element = ZelXmlData::findTree(root, Label::Settings, true);
+    if (!element)
         return;
-    const auto word = [&](const char* name) {
-        return ZelXmlDataUtil::getChildString(settings, name);
-    };
-    XMLUtil& words = *XMLUtil::get();
-    standard->setMode(words.getModeToString(word(Label::StandardMode)));
-    standard->setClassification(words.getClassificationToString(word(Label::ClassificationMode)));
-    standard->setBridgeType(words.getBridgeTypeToString(word(Label::BridgeType)));
-    standard->setBuildingType(words.getBuildingTypeToString(word(Label::BuildingType)));
-    standard->setDesignMaterial(words.getDgnMaterialToString(word(Label::DesignMaterial)));
-    standard->setSituation(words.getDgnSituationToString(word(Label::Situation)));
-    standard->setDuctilityClass(words.getDuctilityClassToString(word(Label::DuctilityClass)));
+    std::array<std::string, settings.size()> words; // all read before the first is set
+    for (std::size_t i = 0; i < settings.size(); ++i)
+        words[i] = ZelXmlDataUtil::getChildString(element, settings[i].element);
+    const int serviceClass = ZelXmlDataUtil::getChildInt(element, Label::ServiceClass);
 
-    const int serviceClass = ZelXmlDataUtil::getChildInt(settings, Label::ServiceClass);
+    for (std::size_t i = 0; i < settings.size(); ++i)
+        settings[i].set(*standard, words[i]);
     standard->setServiceClass(serviceClass >= 1 && serviceClass <= 3 ? serviceClass : 1);
 }
 
 void IO::write(ZelXmlTree& tree, const ZelStandard* standard)
 {
-    ZelXmlData* settings = giveElement(tree, {Label::Settings});
-    const auto set = [&](const char* name, const auto& value) {
-        if (ZelXmlData* child = ZelXmlData::openChild(settings, name, false))
-            ZelXmlData::setData(child, value);
-    };
-    XMLUtil& words = *XMLUtil::get();
-    set(Label::StandardMode, words.getStringToMode(standard->getMode()));
-    set(Label::ClassificationMode, words.getStringToClassification(standard->getClassification()));
-    set(Label::BridgeType, words.getStringToBridgeType(standard->getBridgeType()));
-    set(Label::BuildingType, words.getStringToBuildingType(standard->getBuildingType()));
-    set(Label::DesignMaterial, words.getStringToDgnMaterial(standard->getDesignMaterial()));
-    set(Label::Situation, words.getStringToDgnSituation(standard->getSituation()));
-    set(Label::DuctilityClass, words.getStringToDuctilityClass(standard->getDuctilityClass()));
-    set(Label::ServiceClass, standard->getServiceClass());
+    ZelXmlData* element = giveElement(tree, {Label::Settings});
+    for (const Setting& setting : settings)
+        setChild(element, setting.element, setting.get(*standard));
+    setChild(element, Label::ServiceClass, standard->getServiceClass());
 }
 
 void IO::write(const std::string& path, const ZelStandard* standard)
@@ -67,8 +86,7 @@ void IO::write(const std::string& path, const ZelStandard* standard)
     ZelXmlTree tree;
     tree.open(rootElement, false);
     write(tree, standard);
-    zelofstream file(path.c_str(), std::ios::out);
-    tree.putToStream(file.stream(), true);
+    saveTree(tree, path);
 }
 
 } // namespace Standard

@@ -24,6 +24,8 @@ namespace Standard
 ///     </SMOD>
 ///
 /// Nothing is reported: a file that does not open, or has no SETTINGS, changes nothing.
+///
+/// One thread may read or write settings at a time, and none change them meanwhile.
 class ZELSTANDARD_API IO
 {
 public:

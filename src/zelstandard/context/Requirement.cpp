@@ -1,5 +1,9 @@
 #include <zelstandard/context/Requirement.h>
 
+#include <algorithm>
+#include <iterator>
+
+#include <zelstandard/context/detail/BridgeRequirements.h>
 #include <zelstandard/platform/ZelText.h>
 
 namespace Standard
@@ -10,6 +14,10 @@ Requirement::Requirement(char name, const std::string& description, Type type)
 {
 }
 
+Requirement::Requirement(const Requirement& other) = default;
+Requirement::Requirement(Requirement&& other) noexcept = default;
+Requirement& Requirement::operator=(const Requirement& other) = default;
+Requirement& Requirement::operator=(Requirement&& other) noexcept = default;
 Requirement::~Requirement() = default;
 
 void Requirement::updateNClas(BridgeType bridgeType)
@@ -26,17 +34,8 @@ void Requirement::updateNClas(BridgeType bridgeType)
 
 std::string GetBridgeRequirementText(Requirement::Type type)
 {
-    switch (type) {
-    case RequirementType::TYPE_1:
-        return ZelText::Load(7216);
-    case RequirementType::TYPE_2:
-        return ZelText::Load(7217);
-    case RequirementType::TYPE_3:
-        return ZelText::Load(7218);
-    case RequirementType::TYPE_4:
-        return ZelText::Load(7219);
-    }
-    return "";
+    const auto* row = std::ranges::find(bridgeRequirements, type, &BridgeRequirement::type);
+    return row == std::end(bridgeRequirements) ? "" : ZelText::Load(row->textId);
 }
 
 } // namespace Standard

@@ -7,16 +7,18 @@ namespace Standard
 {
 
 /// A requirement on a bridge, whose class follows from its type and from the bridge type.
+///
+/// Several threads may read an object that none changes.
 class ZELSTANDARD_API Requirement : public Class
 {
 public:
     using Type = RequirementType;
 
     Requirement(char name, const std::string& description, Type type);
-    Requirement(const Requirement&) = default;
-    Requirement(Requirement&&) = default;
-    Requirement& operator=(const Requirement&) = default;
-    Requirement& operator=(Requirement&&) = default;
+    Requirement(const Requirement& other);
+    Requirement(Requirement&& other) noexcept;
+    Requirement& operator=(const Requirement& other);
+    Requirement& operator=(Requirement&& other) noexcept;
     ~Requirement() override;
 
     [[nodiscard]] Type getBridgeRequirement() const { return type_; }

@@ -8,6 +8,10 @@ RequirementClass::RequirementClass(char name, const std::string& description, do
 {
 }
 
+RequirementClass::RequirementClass(const RequirementClass& other) = default;
+RequirementClass::RequirementClass(RequirementClass&& other) noexcept = default;
+RequirementClass& RequirementClass::operator=(const RequirementClass& other) = default;
+RequirementClass& RequirementClass::operator=(RequirementClass&& other) noexcept = default;
 RequirementClass::~RequirementClass() = default;
 
 } // namespace Standard

@@ -1,16 +1,20 @@
 #include <zelstandard/context/ZelStandard.h>
 
 #include <algorithm>
-#include <map>
+#include <array>
+#include <iterator>
 #include <set>
 
 #include <zelstandard/context/IO.h>
+#include <zelstandard/context/detail/BridgeRequirements.h>
 #include <zelstandard/platform/Tools.h>
 #include <zelstandard/platform/ZelText.h>
 
 using Standard::BridgeType;
 using Standard::BuildingType;
 using Standard::Classification;
+using Standard::DesignCode;
+using Standard::designCodes;
 using Standard::DesignMaterial;
 using Standard::DesignSituation;
 using Standard::ExposureClass;
@@ -21,10 +25,21 @@ using Standard::RequirementClass;
 namespace
 {
 
-std::set<ZelStandard::ClassificationCallback, std::less<>>& callbacks()
+/// An object that lives until the process ends: static destructors of a host may still come here.
+template <class Object> union Immortal {
+    Object object{};
+    constexpr Immortal() {}
+    ~Immortal() {}
+};
+
+constinit Immortal<std::unique_ptr<ZelStandard>> singleton;
+
+using Callbacks = std::set<ZelStandard::ClassificationCallback, std::less<>>;
+
+Callbacks& callbacks()
 {
-    static std::set<ZelStandard::ClassificationCallback, std::less<>> functions;
-    return functions;
+    static Immortal<Callbacks> functions;
+    return functions.object;
 }
 
 /// How many objects are being made just now; more than one when a callback called get().
@@ -37,57 +52,31 @@ struct Construction {
     Construction& operator=(const Construction&) = delete;
 };
 
-/// The design code of each material. DIN-1988 and SIA have none, and bridges have none of timber
-/// and rope; a caller gets the empty string there.
-struct DescriptionRow {
+/// The materials that descriptions are told apart by, and the order in which they are loaded.
+struct DescriptionColumn {
+    Classification classification;
     DesignMaterial material;
-    Mode mode;
-    unsigned int textId;
 };
+constexpr DescriptionColumn descriptionColumns[] = {
+    {Classification::BUILDING, DesignMaterial::CONCRETE          },
+    {Classification::BUILDING, DesignMaterial::STEEL             },
+    {Classification::BUILDING, DesignMaterial::TIMBER            },
+    {Classification::BRIDGE,   DesignMaterial::CONCRETE          },
+    {Classification::BRIDGE,   DesignMaterial::STEEL             },
+    {Classification::BRIDGE,   DesignMaterial::COMPOSITE_STEEL   },
+    {Classification::BRIDGE,   DesignMaterial::COMPOSITE_CONCRETE},
+};
+constexpr Mode describedCodes[] = {Mode::EC,     Mode::DIN_2008, Mode::DIN_EN,
+                                   Mode::OENORM, Mode::CSN,      Mode::BS};
 
-constexpr DescriptionRow buildingDescriptions[] = {
-    {DesignMaterial::CONCRETE, Mode::EC,       7423},
-    {DesignMaterial::CONCRETE, Mode::DIN_2008, 7424},
-    {DesignMaterial::CONCRETE, Mode::DIN_EN,   7425},
-    {DesignMaterial::CONCRETE, Mode::OENORM,   7426},
-    {DesignMaterial::CONCRETE, Mode::CSN,      7427},
-    {DesignMaterial::CONCRETE, Mode::BS,       7428},
-    {DesignMaterial::STEEL,    Mode::EC,       7429},
-    {DesignMaterial::STEEL,    Mode::DIN_2008, 7430},
-    {DesignMaterial::STEEL,    Mode::DIN_EN,   7431},
-    {DesignMaterial::STEEL,    Mode::OENORM,   7432},
-    {DesignMaterial::STEEL,    Mode::CSN,      7433},
-    {DesignMaterial::STEEL,    Mode::BS,       7434},
-    {DesignMaterial::TIMBER,   Mode::EC,       7435},
-    {DesignMaterial::TIMBER,   Mode::DIN_2008, 7436},
-    {DesignMaterial::TIMBER,   Mode::DIN_EN,   7437},
-    {DesignMaterial::TIMBER,   Mode::OENORM,   7438},
-    {DesignMaterial::TIMBER,   Mode::CSN,      7439},
-    {DesignMaterial::TIMBER,   Mode::BS,       7440},
-};
+static_assert(std::size(descriptionColumns) == std::size(designCodes->descriptions));
 
-constexpr DescriptionRow bridgeDescriptions[] = {
-    {DesignMaterial::CONCRETE,           Mode::EC,       7441},
-    {DesignMaterial::CONCRETE,           Mode::DIN_2008, 7442},
-    {DesignMaterial::CONCRETE,           Mode::DIN_EN,   7443},
-    {DesignMaterial::CONCRETE,           Mode::OENORM,   7444},
-    {DesignMaterial::CONCRETE,           Mode::CSN,      7445},
-    {DesignMaterial::CONCRETE,           Mode::BS,       7446},
-    {DesignMaterial::STEEL,              Mode::EC,       7447},
-    {DesignMaterial::STEEL,              Mode::DIN_2008, 7448},
-    {DesignMaterial::STEEL,              Mode::DIN_EN,   7449},
-    {DesignMaterial::STEEL,              Mode::OENORM,   7450},
-    {DesignMaterial::STEEL,              Mode::CSN,      7451},
-    {DesignMaterial::COMPOSITE_STEEL,    Mode::EC,       7452},
-    {DesignMaterial::COMPOSITE_STEEL,    Mode::DIN_2008, 7453},
-    {DesignMaterial::COMPOSITE_STEEL,    Mode::DIN_EN,   7454},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::EC,       7455},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::DIN_2008, 7456},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::DIN_EN,   7457},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::OENORM,   7458},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::CSN,      7459},
-    {DesignMaterial::COMPOSITE_CONCRETE, Mode::BS,       7460},
-};
+/// Null for a value that is no member.
+const DesignCode* rowOf(Mode mode)
+{
+    const auto index = static_cast<std::size_t>(mode); // the rows stand in the order of the values
+    return index < std::size(designCodes) ? &designCodes[index] : nullptr;
+}
 
 struct RequirementClassRow {
     char name;
@@ -125,19 +114,6 @@ constexpr ExposureClassRow exposureClasses[] = {
     {"XD3", 23, 1},
 };
 
-struct RequirementRow {
-    char name;
-    unsigned int textId;
-    Requirement::Type type;
-};
-
-constexpr RequirementRow requirements[] = {
-    {'D', 7216, Requirement::Type::TYPE_1},
-    {'C', 7217, Requirement::Type::TYPE_2},
-    {'B', 7218, Requirement::Type::TYPE_3},
-    {'B', 7219, Requirement::Type::TYPE_4},
-};
-
 /// The first element that the test accepts, or null.
 template <class Element, class Test>
 Element* findFirst(const std::vector<Element*>& elements, Test accepts)
@@ -166,7 +142,7 @@ struct ZelStandard::Requirements {
                    std::make_unique<ExposureClass>(row.name, row.name, row.group, row.number),
                    findExposureClass(row.name));
         // A text that an earlier requirement has already is not added again.
-        for (const RequirementRow& row : ::requirements) {
+        for (const Standard::BridgeRequirement& row : Standard::bridgeRequirements) {
             const std::string text = ZelText::Load(row.textId);
             addNew(requirements, std::make_unique<Requirement>(row.name, text, row.type),
                    findRequirement(text));
@@ -220,29 +196,31 @@ private:
 };
 
 struct ZelStandard::Descriptions {
-    using Texts = std::map<DesignMaterial, std::map<Mode, std::string>>;
-
-    Texts bridge;
-    Texts building;
+    std::array<std::array<std::string, std::size(descriptionColumns)>, std::size(designCodes)>
+        texts;
 
     Descriptions()
     {
-        for (const DescriptionRow& row : buildingDescriptions)
-            building[row.material][row.mode] = ZelText::Load(row.textId);
-        for (const DescriptionRow& row : bridgeDescriptions)
-            bridge[row.material][row.mode] = ZelText::Load(row.textId);
+        for (std::size_t column = 0; column < std::size(descriptionColumns); ++column)
+            for (const Mode mode : describedCodes)
+                if (const unsigned int id = rowOf(mode)->descriptions[column])
+                    texts[static_cast<std::size_t>(mode)][column] = ZelText::Load(id);
     }
 };
 
-std::unique_ptr<ZelStandard> ZelStandard::m_singleton;
+std::unique_ptr<ZelStandard>& ZelStandard::m_singleton = singleton.object;
 
 ZelStandard* ZelStandard::get()
 {
-    if (!m_singleton) {
-        // Not make_unique into the member: the object must be whole before anyone can see it.
-        std::unique_ptr<ZelStandard> made(new ZelStandard);
-        m_singleton = std::move(made);
-    }
+    ZelStandard* object = singleton.object.get(); // at hand, unlike the reference to it
+    return object ? object : make();
+}
+
+ZelStandard* ZelStandard::make()
+{
+    // Not make_unique into the member: the object must be whole before anyone can see it.
+    std::unique_ptr<ZelStandard> made(new ZelStandard);
+    m_singleton = std::move(made);
     return m_singleton.get();
 }
 
@@ -257,8 +235,6 @@ ZelStandard::ZelStandard()
 }
 
 ZelStandard::~ZelStandard() = default;
-
-BridgeType ZelStandard::getBridgeType() const { return std::max(bridgeType_, BridgeType::ROADWAY); }
 
 void ZelStandard::setClassification(Classification classification)
 {
@@ -334,74 +310,23 @@ bool ZelStandard::isFootbridge() const
 
 int ZelStandard::getCODE() const
 {
-    switch (get()->mode_) {
-    case Mode::NO_CODE:
-        return 0;
-    case Mode::EC:
-        return 1;
-    case Mode::DIN_1988:
-        return 0;
-    case Mode::DIN_2008:
-        return 2;
-    case Mode::SIA:
-        return 0;
-    case Mode::OENORM:
-        return 3;
-    case Mode::CSN:
-        return 6;
-    case Mode::BS:
-        return 4;
-    case Mode::DIN_EN:
-        return 5;
-    }
-    return 0;
+    const DesignCode* code = rowOf(get()->mode_);
+    return code ? code->number : 0;
 }
 
 int ZelStandard::getNUTZ(bool flag) const
 {
+    constexpr int bridges[] = {0, 0, 11, 12, 13, 21, 21}; // by bridge type
     if (isBuildingClassification())
         return buildingType_ == BuildingType::ENGINEERING ? (flag ? 33 : 32) : 31;
-    switch (bridgeType_) {
-    case BridgeType::ROADWAY:
-        return 0;
-    case BridgeType::RAILWAY1:
-        return 11;
-    case BridgeType::RAILWAY2:
-        return 12;
-    case BridgeType::RAILWAY3:
-        return 13;
-    case BridgeType::FOOTBRIDGE1:
-        return 21;
-    case BridgeType::FOOTBRIDGE2:
-        return 21;
-    }
-    return 0;
+    const auto type = static_cast<std::size_t>(bridgeType_);
+    return type < std::size(bridges) ? bridges[type] : 0;
 }
 
 std::string ZelStandard::getStandardText(Mode mode) const
 {
-    const auto text = [](unsigned int id) { return ZelTextResource::get()->loadString(id); };
-    switch (mode) {
-    case Mode::NO_CODE:
-        return "";
-    case Mode::EC:
-        return text(3214);
-    case Mode::DIN_1988:
-        return text(1375);
-    case Mode::DIN_2008:
-        return text(5094);
-    case Mode::SIA:
-        return text(5098);
-    case Mode::OENORM:
-        return text(6470);
-    case Mode::CSN:
-        return text(6471);
-    case Mode::BS:
-        return text(6472);
-    case Mode::DIN_EN:
-        return text(6469);
-    }
-    return "";
+    const DesignCode* code = rowOf(mode);
+    return code && code->textId != 0 ? ZelTextResource::get()->loadString(code->textId) : "";
 }
 
 std::string ZelStandard::getStandardText_static(Mode mode) { return get()->getStandardText(mode); }
@@ -409,13 +334,16 @@ std::string ZelStandard::getStandardText_static(Mode mode) { return get()->getSt
 std::string ZelStandard::getStandardDescription(Classification classification,
                                                 DesignMaterial material, Mode mode) const
 {
-    const auto& texts = classification == Classification::BUILDING ? descriptions_->building
-                                                                   : descriptions_->bridge;
-    const auto ofMaterial = texts.find(material);
-    if (ofMaterial == texts.end())
+    const bool building = classification == Classification::BUILDING;
+    const auto* column =
+        std::ranges::find_if(descriptionColumns, [&](const DescriptionColumn& row) {
+            return row.material == material &&
+                   (row.classification == Classification::BUILDING) == building;
+        });
+    if (!rowOf(mode) || column == std::end(descriptionColumns))
         return "";
-    const auto ofMode = ofMaterial->second.find(mode);
-    return ofMode == ofMaterial->second.end() ? "" : ofMode->second;
+    const auto index = static_cast<std::size_t>(column - descriptionColumns);
+    return descriptions_->texts[static_cast<std::size_t>(mode)][index];
 }
 
 const std::vector<RequirementClass*>& ZelStandard::getRequirementClasses() const

@@ -13,7 +13,8 @@
 /// The design context of the process: which code is in force, and for what it is applied.
 ///
 /// Every table of the library asks this object at each query, so a changed setting changes all
-/// answers at once. To be used from one thread at a time.
+/// answers at once. Several threads may read the settings once
+/// get() has been called, while none changes any; everything else is for one thread at a time.
 class ZELSTANDARD_API ZelStandard
 {
 public:
@@ -46,7 +47,11 @@ public:
 
     /// The stored type, but ROADWAY for a stored value below 1. The queries isRailwayBridge(),
     /// isFootbridge() and getNUTZ() look at the stored value itself.
-    [[nodiscard]] Standard::BridgeType getBridgeType() const;
+    [[nodiscard]] Standard::BridgeType getBridgeType() const
+    {
+        using Standard::BridgeType;
+        return bridgeType_ < BridgeType::ROADWAY ? BridgeType::ROADWAY : bridgeType_;
+    }
     void setBridgeType(Standard::BridgeType type) { bridgeType_ = type; }
 
     [[nodiscard]] Standard::BuildingType getBuildingType() const { return buildingType_; }
@@ -138,7 +143,9 @@ private:
 
     ZelStandard();
 
-    static std::unique_ptr<ZelStandard> m_singleton;
+    static ZelStandard* make();
+
+    static std::unique_ptr<ZelStandard>& m_singleton; ///< never torn down
 
     std::unique_ptr<Requirements> requirements_;
     std::unique_ptr<Descriptions> descriptions_;

@@ -1,7 +1,8 @@
-#include <zelstandard/datafiles/DataFile.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
 
 #include <array>
 #include <fstream>
+#include <new>
 #include <sstream>
 
 #include <zelstandard/platform/FileCrypt.h>
@@ -40,8 +41,11 @@ std::unique_ptr<std::istream> openDataFile(const std::string& path)
     if (!KorvaneUtil::isEncrypted(path, dataFileKey))
         return std::make_unique<std::ifstream>(path, std::ios::in);
     auto plain = std::make_unique<std::stringstream>();
-    if (!KorvaneUtil::decrypt(path, *plain, dataFileKey))
+    if (!KorvaneUtil::decrypt(path, *plain, dataFileKey)) {
+        if (plain->bad()) // a stream in memory has no other reason to fail
+            throw std::bad_alloc();
         return std::make_unique<std::stringstream>();
+    }
     plain->seekg(0);
     return plain;
 }

@@ -1,7 +1,9 @@
-#include <zelstandard/datafiles/XmlDocument.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 
 #include <cstring>
+#include <sstream>
 
+#include <zelstandard/datafiles/zelofstream.h>
 #include <zelstandard/vocabulary/Constants.h>
 
 namespace Standard
@@ -9,44 +11,40 @@ namespace Standard
 
 using Constants::Label;
 
-namespace
-{
-
-/// Removes the elements of that name below the parent which stand in front of the kept one.
-/// @return true when the kept one was reached
-bool removeInFrontOf(const ZelXmlData* kept, ZelXmlData* parent, const char* element)
-{
-    for (ZelXmlData* child = ZelXmlData::getFirstChild(parent); child;) {
-        ZelXmlData* next = ZelXmlData::getNextSibling(child);
-        if (child == kept)
-            return true;
-        if (std::strcmp(ZelXmlData::getName(child), element) == 0)
-            ZelXmlData::removeChild(parent, child);
-        else if (removeInFrontOf(kept, child, element))
-            return true;
-        child = next;
-    }
-    return false;
-}
-
-} // namespace
-
 std::string nameOf(const ZelXmlData* element)
 {
     return ZelXmlData::getAttributeString(element, Label::Name);
 }
 
-ZelXmlData* giveNamedChild(ZelXmlData* parent, const char* element, const std::string& name)
+WrittenChildren::WrittenChildren(ZelXmlData* parent, const char* element)
+    : parent_(parent), element_(element), hadChildren_(ZelXmlData::getFirstChild(parent) != nullptr)
 {
-    for (ZelXmlData* child : ChildElements(parent)) {
-        const auto* attribute = ZelXmlData::findAttribute(child, Label::Name);
-        if (std::strcmp(ZelXmlData::getName(child), element) == 0 &&
-            ZelXmlAttributeData::checkValue(attribute, name))
-            return child;
+    for (ZelXmlData* child : ChildElements(parent))
+        if (std::strcmp(ZelXmlData::getName(child), element) == 0)
+            children_.emplace(nameOf(child), child); // the first of a name stays
+}
+
+ZelXmlData* WrittenChildren::give(const std::string& name)
+{
+    const auto known = children_.find(name);
+    ZelXmlData* child = known == children_.end() ? nullptr : known->second;
+    if (!child) {
+        child = ZelXmlData::addChild(parent_, element_);
+        ZelXmlData::setAttribute(child, Label::Name, name);
     }
-    ZelXmlData* made = ZelXmlData::addChild(parent, element);
-    ZelXmlData::setAttribute(made, Label::Name, name);
-    return made;
+    if (hadChildren_)
+        written_.insert(child);
+    return child;
+}
+
+void WrittenChildren::moveToFront(ZelXmlData* child)
+{
+    for (ZelXmlData* first : ChildElements(parent_)) {
+        if (first == child)
+            return;
+        if (written_.contains(first))
+            return ZelXmlData::moveInFrontOf(parent_, child, first);
+    }
 }
 
 ZelXmlData* giveElement(ZelXmlTree& tree, std::initializer_list<const char*> path)
@@ -63,9 +61,17 @@ ZelXmlData* giveElement(ZelXmlTree& tree, std::initializer_list<const char*> pat
 
 ZelXmlData* giveTree(ZelXmlData* parent, const char* element)
 {
-    ZelXmlData* child = ZelXmlData::openChild(parent, element, false);
-    removeInFrontOf(child, parent, element);
-    return child;
+    ZelXmlData* found = ZelXmlData::findTree(parent, element, true);
+    return found ? found : ZelXmlData::addChild(parent, element);
+}
+
+void saveTree(const ZelXmlTree& tree, const std::string& fileName)
+{
+    std::ostringstream text;
+    text.exceptions(std::ios::badbit); // set when there is no memory
+    tree.putToStream(text, true);
+    zelofstream file(fileName.c_str(), std::ios::out);
+    file.stream() << text.view();
 }
 
 } // namespace Standard

@@ -33,12 +33,13 @@ zelofstream::zelofstream(const char* path, std::ios::openmode mode)
 zelofstream::~zelofstream()
 {
     if (file_) {
+        // Whatever a caller has asked of the stream: a destructor has no one to tell.
+        file_->exceptions(std::ios::goodbit);
         try {
             file_->flush();
             if (!file_->rdbuf()->close())
                 file_->setstate(std::ios::failbit);
-        } catch (const std::ios_base::failure&) {
-            // A caller may have asked the stream for exceptions; a destructor has no one to tell.
+        } catch (...) { // a locale of the caller's
         }
         file_.reset();
     }

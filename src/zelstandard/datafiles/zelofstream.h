@@ -15,6 +15,9 @@
 /// wanted, and it means that a full temporary disk commits a truncated text, and that a target that
 /// cannot be written is gone while the text stays in the temporary directory. A stream without
 /// anything written leaves an empty target. A target that is a symbolic link is replaced by a file.
+///
+/// Streams in several threads do not disturb one another; of two with one target the later one
+/// stays.
 class ZELSTANDARD_API zelofstream
 {
 public:

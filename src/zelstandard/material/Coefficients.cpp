@@ -1,15 +1,20 @@
 #include <zelstandard/material/Coefficients.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <map>
 #include <span>
+#include <tuple>
+#include <utility>
 
 #include <zelstandard/context/ZelStandard.h>
-#include <zelstandard/datafiles/DataFile.h>
-#include <zelstandard/datafiles/XmlDocument.h>
-#include <zelstandard/datafiles/zelofstream.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
@@ -21,141 +26,138 @@ namespace
 
 constexpr double tolerance = 1e-7;
 
-constexpr DesignSituation situations[] = {DesignSituation::PERSISTENT, DesignSituation::ACCIDENTAL,
-                                          DesignSituation::ACCIDENTAL_EQ};
-constexpr Classification classifications[] = {Classification::BUILDING, Classification::BRIDGE};
-
-/// The keys that files hold, and their words.
-std::span<const DesignSituation> keys(DesignSituation) { return situations; }
-
-std::span<const Classification> keys(Classification) { return classifications; }
-
-std::string wordOf(DesignSituation key) { return XMLUtil::get()->getStringToDgnSituation(key); }
-
-std::string wordOf(Classification key) { return XMLUtil::get()->getStringToClassification(key); }
-
-/// One coefficient for every code and key.
-template <class Key> class Table
-{
-public:
-    [[nodiscard]] double value(Mode mode, Key key) const
-    {
-        const auto ofMode = values_.find(mode);
-        if (ofMode == values_.end())
-            return 0.0;
-        const auto found = ofMode->second.find(key);
-        return found == ofMode->second.end() ? 0.0 : found->second;
-    }
-
-    void set(Mode mode, Key key, double value) { values_[mode][key] = value; }
-
-    void read(const ZelXmlData* element, const std::vector<Mode>& supportedModes)
-    {
-        for (const ZelXmlData* annex : ChildElements(element)) {
-            const Mode mode = XMLUtil::get()->getModeToString(nameOf(annex));
-            for (const Key key : keys(Key())) {
-                const double value = ZelXmlDataUtil::getChildDouble(annex, wordOf(key).c_str());
-                if (std::fabs(value) > tolerance)
-                    set(mode, key, value);
-            }
-            if (mode == Mode::EC)
-                for (const Mode supported : supportedModes)
-                    for (const Key key : keys(Key()))
-                        set(supported, key, value(Mode::EC, key));
-        }
-    }
-
-    void write(ZelXmlData* element, const std::vector<Mode>& supportedModes) const
-    {
-        std::vector<ZelXmlData*> written;
-        for (const Mode mode : supportedModes) {
-            ZelXmlData* annex =
-                giveNamedChild(element, Label::Annex, XMLUtil::get()->getStringToMode(mode));
-            for (const Key key : keys(Key()))
-                writeValue(annex, mode, key);
-            written.push_back(annex);
-            if (mode == Mode::EC)
-                ZelXmlData::moveToFront(element,
-                                        annex); // read later, it would overwrite the others
-        }
-        removeRivals(element, written, [&](const std::string& name) {
-            return XMLUtil::get()->getModeToString(name) != Mode::NO_CODE;
-        });
-    }
-
-private:
-    /// True when the element's text gives the value.
-    static bool reads(const ZelXmlData* element, double value)
-    {
-        double given = 0.0;
-        ZelXmlDataUtil::readValToChild(element, given);
-        return std::fabs(given - value) <= tolerance;
-    }
-
-    void writeValue(ZelXmlData* annex, Mode mode, Key key) const
-    {
-        const std::string word = wordOf(key);
-        const double difference = value(mode, key) - value(Mode::EC, key);
-        if (mode == Mode::EC || std::fabs(difference) > tolerance)
-            ZelXmlDataUtil::setChildData(annex, word.c_str(), value(mode, key), "%.2f");
-        else
-            removeChildren(annex, [&](const ZelXmlData* child) {
-                return ZelXmlData::getName(child) == word && !reads(child, value(mode, key));
-            });
-    }
-
-    std::map<Mode, std::map<Key, double>> values_;
+/// The coefficients in the order of reading.
+enum Coefficient : std::size_t {
+    gammaS,
+    gammaC,
+    gammaA,
+    gammaT,
+    gammaF,
+    gammaR,
+    gammaRV,
+    gammaRH,
+    gammaRE,
+    alphaCC,
+    alphaCT,
+    coefficientCount,
 };
 
-using BySituation = Table<DesignSituation>;
-using ByClassification = Table<Classification>;
+const std::array<const char*, coefficientCount> elements = {
+    Label::GammaS,  Label::GammaC,  Label::GammaA,  Label::GammaT,  Label::GammaF,  Label::GammaR,
+    Label::GammaRv, Label::GammaRh, Label::GammaRe, Label::AlphaCc, Label::AlphaCt,
+};
+
+/// Reading and writing keep orders of their own; both are wanted.
+constexpr Coefficient writingOrder[] = {gammaS,  gammaA,  gammaT,  gammaC,  gammaF, gammaR,
+                                        gammaRV, gammaRH, gammaRE, alphaCC, alphaCT};
+
+/// The keys of a coefficient that files hold, and the elements that hold their values.
+struct Key {
+    int value;
+    const char* element;
+};
+
+const std::array<Key, 3> situations = {
+    {
+     {0, Words<designSituationWords, 0>::text(DesignSituation::PERSISTENT)},
+     {1, Words<designSituationWords, 0>::text(DesignSituation::ACCIDENTAL)},
+     {2, Words<designSituationWords, 0>::text(DesignSituation::ACCIDENTAL_EQ)},
+     }
+};
+const std::array<Key, 2> classifications = {
+    {{1, Label::Building}, {2, Label::Bridge}}
+};
+
+std::span<const Key> keysOf(std::size_t coefficient)
+{
+    return coefficient >= alphaCC ? std::span<const Key>(classifications)
+                                  : std::span<const Key>(situations);
+}
 
 } // namespace
 
 struct Coefficients::Tables {
-    BySituation gammaS;
-    BySituation gammaC;
-    BySituation gammaA;
-    BySituation gammaT;
-    BySituation gammaF;
-    BySituation gammaR;
-    BySituation gammaRV;
-    BySituation gammaRH;
-    BySituation gammaRE;
-    ByClassification alphaCC;
-    ByClassification alphaCT;
+    /// The values of members; of other codes and keys those that were set.
+    std::array<std::array<std::array<double, 3>, std::size(designCodes)>, coefficientCount>
+        values{};
+    std::map<std::tuple<std::size_t, int, int>, double> others;
+
     std::vector<Mode> supportedModes{Mode::EC,     Mode::DIN_1988, Mode::DIN_2008, Mode::SIA,
                                      Mode::OENORM, Mode::CSN,      Mode::BS,       Mode::DIN_EN};
 
-    /// Reading and writing keep orders of their own; both are wanted.
-    template <class Visitor> void inReadingOrder(Visitor visit)
+    double* member(std::size_t coefficient, Mode mode, int key)
     {
-        visit(Label::GammaS, gammaS);
-        visit(Label::GammaC, gammaC);
-        visit(Label::GammaA, gammaA);
-        visit(Label::GammaT, gammaT);
-        visit(Label::GammaF, gammaF);
-        visit(Label::GammaR, gammaR);
-        visit(Label::GammaRv, gammaRV);
-        visit(Label::GammaRh, gammaRH);
-        visit(Label::GammaRe, gammaRE);
-        visit(Label::AlphaCc, alphaCC);
-        visit(Label::AlphaCt, alphaCT);
+        const auto code = static_cast<std::size_t>(mode);
+        const auto index = static_cast<std::size_t>(key);
+        return code < std::size(designCodes) && index < 3 ? &values[coefficient][code][index]
+                                                          : nullptr;
     }
 
-    template <class Visitor> void inWritingOrder(Visitor visit)
+    double value(std::size_t coefficient, Mode mode, int key)
     {
-        visit(Label::GammaS, gammaS);
-        visit(Label::GammaA, gammaA);
-        visit(Label::GammaT, gammaT);
-        visit(Label::GammaC, gammaC);
-        visit(Label::GammaF, gammaF);
-        visit(Label::GammaR, gammaR);
-        visit(Label::GammaRv, gammaRV);
-        visit(Label::GammaRh, gammaRH);
-        visit(Label::GammaRe, gammaRE);
-        visit(Label::AlphaCc, alphaCC);
-        visit(Label::AlphaCt, alphaCT);
+        if (const double* found = member(coefficient, mode, key))
+            return *found;
+        const auto found = others.find({coefficient, static_cast<int>(mode), key});
+        return found == others.end() ? 0.0 : found->second;
+    }
+
+    void set(std::size_t coefficient, Mode mode, int key, double value)
+    {
+        if (double* found = member(coefficient, mode, key))
+            *found = value;
+        else
+            others[{coefficient, static_cast<int>(mode), key}] = value;
+    }
+
+    void read(std::size_t coefficient, const ZelXmlData* element)
+    {
+        for (const ZelXmlData* annex : ChildElements(element)) {
+            const Mode mode = XMLUtil::get()->getModeToString(nameOf(annex));
+            for (const Key& key : keysOf(coefficient)) {
+                const double given = ZelXmlDataUtil::getChildDouble(annex, key.element);
+                if (std::fabs(given) > tolerance)
+                    set(coefficient, mode, key.value, given);
+            }
+            if (mode == Mode::EC)
+                for (const Mode supported : supportedModes)
+                    for (const Key& key : keysOf(coefficient))
+                        set(coefficient, supported, key.value,
+                            value(coefficient, Mode::EC, key.value));
+        }
+    }
+
+    void write(std::size_t coefficient, ZelXmlData* element)
+    {
+        WrittenChildren annexes(element, Label::Annex);
+        ZelXmlData* ec = nullptr;
+        for (const Mode mode : supportedModes) {
+            ZelXmlData* annex = annexes.give(XMLUtil::get()->getStringToMode(mode));
+            if (mode == Mode::EC)
+                ec = annex;
+            for (const Key& key : keysOf(coefficient))
+                write(annex, key.element, value(coefficient, mode, key.value),
+                      mode == Mode::EC ||
+                          std::fabs(value(coefficient, mode, key.value) -
+                                    value(coefficient, Mode::EC, key.value)) > tolerance);
+        }
+        annexes.moveToFront(ec); // read later, it would overwrite the others
+        annexes.removeRivals([](const std::string& name) {
+            return XMLUtil::get()->getModeToString(name) != Mode::NO_CODE;
+        });
+    }
+
+    /// A value that is not written must not be read either: what reads as another one is removed.
+    static void write(ZelXmlData* annex, const char* element, double value, bool isWritten)
+    {
+        if (isWritten)
+            return ZelXmlDataUtil::setChildData(annex, element, value, "%.2f");
+        for (ZelXmlData* child : ChildElements(annex)) {
+            double given = 0.0;
+            ZelXmlDataUtil::readValToChild(child, given);
+            if (std::strcmp(ZelXmlData::getName(child), element) == 0 &&
+                !(std::fabs(given - value) <= tolerance))
+                ZelXmlData::removeChild(annex, child);
+        }
     }
 };
 
@@ -167,8 +169,8 @@ Coefficients* Coefficients::get()
         ZelStandard::get();
         hasContext = true;
     }
-    static Coefficients instance;
-    return &instance;
+    static Coefficients* const instance = new Coefficients; // lives until the process ends
+    return instance;
 }
 
 Coefficients::Coefficients() : tables_(std::make_unique<Tables>())
@@ -178,115 +180,33 @@ Coefficients::Coefficients() : tables_(std::make_unique<Tables>())
 
 Coefficients::~Coefficients() = default;
 
-double Coefficients::getGammaS(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaS.value(mode, situation);
-}
+// clang-format off
 
-double Coefficients::getGammaC(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaC.value(mode, situation);
-}
+double Coefficients::getGammaS (Mode mode, DesignSituation key) const { return tables_->value(gammaS,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaC (Mode mode, DesignSituation key) const { return tables_->value(gammaC,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaA (Mode mode, DesignSituation key) const { return tables_->value(gammaA,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaT (Mode mode, DesignSituation key) const { return tables_->value(gammaT,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaF (Mode mode, DesignSituation key) const { return tables_->value(gammaF,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaR (Mode mode, DesignSituation key) const { return tables_->value(gammaR,  mode, static_cast<int>(key)); }
+double Coefficients::getGammaRV(Mode mode, DesignSituation key) const { return tables_->value(gammaRV, mode, static_cast<int>(key)); }
+double Coefficients::getGammaRH(Mode mode, DesignSituation key) const { return tables_->value(gammaRH, mode, static_cast<int>(key)); }
+double Coefficients::getGammaRE(Mode mode, DesignSituation key) const { return tables_->value(gammaRE, mode, static_cast<int>(key)); }
+double Coefficients::getAlphaCC(Mode mode, Classification  key) const { return tables_->value(alphaCC, mode, static_cast<int>(key)); }
+double Coefficients::getAlphaCT(Mode mode, Classification  key) const { return tables_->value(alphaCT, mode, static_cast<int>(key)); }
 
-double Coefficients::getGammaA(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaA.value(mode, situation);
-}
+void Coefficients::setGammaS (Mode mode, DesignSituation key, double value) { tables_->set(gammaS,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaC (Mode mode, DesignSituation key, double value) { tables_->set(gammaC,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaA (Mode mode, DesignSituation key, double value) { tables_->set(gammaA,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaT (Mode mode, DesignSituation key, double value) { tables_->set(gammaT,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaF (Mode mode, DesignSituation key, double value) { tables_->set(gammaF,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaR (Mode mode, DesignSituation key, double value) { tables_->set(gammaR,  mode, static_cast<int>(key), value); }
+void Coefficients::setGammaRV(Mode mode, DesignSituation key, double value) { tables_->set(gammaRV, mode, static_cast<int>(key), value); }
+void Coefficients::setGammaRH(Mode mode, DesignSituation key, double value) { tables_->set(gammaRH, mode, static_cast<int>(key), value); }
+void Coefficients::setGammaRE(Mode mode, DesignSituation key, double value) { tables_->set(gammaRE, mode, static_cast<int>(key), value); }
+void Coefficients::setAlphaCC(Mode mode, Classification  key, double value) { tables_->set(alphaCC, mode, static_cast<int>(key), value); }
+void Coefficients::setAlphaCT(Mode mode, Classification  key, double value) { tables_->set(alphaCT, mode, static_cast<int>(key), value); }
 
-double Coefficients::getGammaT(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaT.value(mode, situation);
-}
-
-double Coefficients::getGammaF(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaF.value(mode, situation);
-}
-
-double Coefficients::getGammaR(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaR.value(mode, situation);
-}
-
-double Coefficients::getGammaRV(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaRV.value(mode, situation);
-}
-
-double Coefficients::getGammaRH(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaRH.value(mode, situation);
-}
-
-double Coefficients::getGammaRE(Mode mode, DesignSituation situation) const
-{
-    return tables_->gammaRE.value(mode, situation);
-}
-
-double Coefficients::getAlphaCC(Mode mode, Classification classification) const
-{
-    return tables_->alphaCC.value(mode, classification);
-}
-
-double Coefficients::getAlphaCT(Mode mode, Classification classification) const
-{
-    return tables_->alphaCT.value(mode, classification);
-}
-
-void Coefficients::setGammaS(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaS.set(mode, situation, value);
-}
-
-void Coefficients::setGammaC(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaC.set(mode, situation, value);
-}
-
-void Coefficients::setGammaA(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaA.set(mode, situation, value);
-}
-
-void Coefficients::setGammaT(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaT.set(mode, situation, value);
-}
-
-void Coefficients::setGammaF(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaF.set(mode, situation, value);
-}
-
-void Coefficients::setGammaR(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaR.set(mode, situation, value);
-}
-
-void Coefficients::setGammaRV(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaRV.set(mode, situation, value);
-}
-
-void Coefficients::setGammaRH(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaRH.set(mode, situation, value);
-}
-
-void Coefficients::setGammaRE(Mode mode, DesignSituation situation, double value)
-{
-    tables_->gammaRE.set(mode, situation, value);
-}
-
-void Coefficients::setAlphaCC(Mode mode, Classification classification, double value)
-{
-    tables_->alphaCC.set(mode, classification, value);
-}
-
-void Coefficients::setAlphaCT(Mode mode, Classification classification, double value)
-{
-    tables_->alphaCT.set(mode, classification, value);
-}
+// clang-format on
 
 const std::vector<Mode>& Coefficients::getSupportedModes() const { return tables_->supportedModes; }
 
@@ -302,26 +222,31 @@ void Coefficients::input(const std::string& fileName)
 
 void Coefficients::input(ZelXmlData* element)
 {
-    const ZelXmlData* coefficients = ZelXmlData::findTree(element, Label::Coefficients, true);
-    tables_->inReadingOrder([&](const char* name, auto& table) {
-        table.read(ZelXmlData::findTree(coefficients, name, true), tables_->supportedModes);
-    });
+    const ZelXmlData* found = ZelXmlData::findTree(element, Label::Coefficients, true);
+    if (!found)
+        return;
+    Tables read = *tables_; // aside, so that nothing changes when memory ends
+    for (std::size_t i = 0; i < coefficientCount; ++i)
+        read.read(i, ZelXmlData::findTree(found, elements[i], true));
+    std::swap(tables_->values, read.values);
+    tables_->others.swap(read.others);
 }
 
 void Coefficients::output(ZelXmlTree& tree)
 {
     ZelXmlData* coefficients = giveElement(tree, {Label::Coefficients});
-    tables_->inWritingOrder([&](const char* name, const auto& table) {
-        table.write(giveTree(coefficients, name), tables_->supportedModes);
+    std::array<const char*, coefficientCount> names;
+    std::ranges::transform(writingOrder, names.begin(), [](Coefficient i) { return elements[i]; });
+    writeTrees(coefficients, names, [&](std::size_t i, ZelXmlData* element) {
+        tables_->write(writingOrder[i], element);
     });
 }
 
 void Coefficients::output(const std::string& fileName)
 {
-    zelofstream file(fileName.c_str(), std::ios::out);
     ZelXmlTree tree;
     output(tree);
-    tree.putToStream(file.stream(), true);
+    saveTree(tree, fileName);
 }
 
 } // namespace Standard

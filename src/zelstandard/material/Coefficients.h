@@ -31,6 +31,8 @@ namespace Standard
 /// An annex EC gives its values to all codes, over what earlier annexes gave; so it comes first,
 /// and the annex of a code names what the nation decided. Values of a magnitude up to 1e-7 are
 /// passed over. Nothing is reported.
+///
+/// Several threads may read the values once get() has been called, while none changes any.
 class ZELSTANDARD_API Coefficients
 {
 public:

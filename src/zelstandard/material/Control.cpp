@@ -1,14 +1,10 @@
 #include <zelstandard/material/Control.h>
 
-#include <algorithm>
 #include <cstring>
-#include <map>
-#include <vector>
 
 #include <zelstandard/context/ZelStandard.h>
-#include <zelstandard/datafiles/DataFile.h>
-#include <zelstandard/datafiles/XmlDocument.h>
-#include <zelstandard/datafiles/zelofstream.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
@@ -31,114 +27,117 @@ struct Record {
 
 constexpr double tolerance = 1e-7;
 
-/// Key 2 for DIN-1988, 1 for every other code.
-int keyOf(Mode mode) { return mode == Mode::DIN_1988 ? 2 : 1; }
+/// The record of DIN-1988, and the one of every other code.
+struct Records {
+    Record din1988{1.75, 1.2, 0.0, 0.0, 0.0, true};
+    Record others{1.0, 1.0, 0.0, 0.0, 0.0, false};
 
-void readTree(const ZelXmlTree& tree, std::map<int, Record>& records)
-{
-    const ZelXmlData* block = ZelXmlData::findTree(tree.getRoot(), Label::StressBlock, true);
-    for (const ZelXmlData* annex : ChildElements(block)) {
-        Record& record = records[keyOf(XMLUtil::get()->getModeToString(nameOf(annex)))];
-        const auto read = [&](const char* name, double& value) {
-            const double given = ZelXmlDataUtil::getChildDouble(annex, name);
-            if (given > tolerance)
-                value = given;
-        };
-        read(Label::Lambda, record.compressionLambda);
-        read(Label::Eta, record.compressionEta);
-        read(Label::StrutFactor, record.strutFactor);
+    Record& of(Mode mode) { return mode == Mode::DIN_1988 ? din1988 : others; }
+
+    void read(const ZelXmlTree& tree)
+    {
+        const ZelXmlData* block = ZelXmlData::findTree(tree.getRoot(), Label::StressBlock, true);
+        for (const ZelXmlData* annex : ChildElements(block)) {
+            Record& record = of(XMLUtil::get()->getModeToString(nameOf(annex)));
+            const auto take = [&](const char* name, double& value) {
+                const double given = ZelXmlDataUtil::getChildDouble(annex, name);
+                if (given > tolerance)
+                    value = given;
+            };
+            take(Label::Lambda, record.compressionLambda);
+            take(Label::Eta, record.compressionEta);
+            take(Label::StrutFactor, record.strutFactor);
+        }
     }
-}
 
-void readFile(const std::string& fileName, std::map<int, Record>& records)
-{
-    const auto stream = openInputFile(fileName);
-    if (!stream->good())
-        return;
-    ZelXmlTree tree;
-    tree.buildOfStream(*stream);
-    readTree(tree, records);
-}
+    void read(const std::string& fileName)
+    {
+        const auto stream = openInputFile(fileName);
+        if (!stream->good())
+            return;
+        ZelXmlTree tree;
+        tree.buildOfStream(*stream);
+        read(tree);
+    }
+};
 
-std::map<int, Record>& records()
+Records& records()
 {
-    static std::map<int, Record> table;
-    if (!table.empty())
+    static Records table;
+    static bool isFilled = false;
+    if (isFilled)
         return table;
     // Making the context may call a callback that comes here first.
     const std::string path = ZelStandard::get()->getDataBaseDir();
-    if (table.empty()) {
-        table[2] = {1.75, 1.2, 0.0, 0.0, 0.0, true};
-        table[1] = {1.0, 1.0, 0.0, 0.0, 0.0, false};
-        readFile(path, table);
+    if (!isFilled) {
+        Records made; // aside, so that a failure here is no start
+        made.read(path);
+        table = made;
+        isFilled = true;
     }
     return table;
 }
 
-Record& recordOf(Mode mode) { return records()[keyOf(mode)]; }
+Record& recordOf(Mode mode) { return records().of(mode); }
 
 } // namespace
 
-double Control::getGamma(Mode mode) { return recordOf(mode).gamma; }
+// clang-format off
 
-double Control::getGammaFactor(Mode mode) { return recordOf(mode).gammaFactor; }
-
-double Control::getStrutFactor(Mode mode) { return recordOf(mode).strutFactor; }
-
-double Control::getCompressionEta(Mode mode) { return recordOf(mode).compressionEta; }
-
+double Control::getGamma            (Mode mode) { return recordOf(mode).gamma; }
+double Control::getGammaFactor      (Mode mode) { return recordOf(mode).gammaFactor; }
+double Control::getStrutFactor      (Mode mode) { return recordOf(mode).strutFactor; }
+double Control::getCompressionEta   (Mode mode) { return recordOf(mode).compressionEta; }
 double Control::getCompressionLambda(Mode mode) { return recordOf(mode).compressionLambda; }
+bool   Control::getInternalFactor   (Mode mode) { return recordOf(mode).internalFactor; }
 
-bool Control::getInternalFactor(Mode mode) { return recordOf(mode).internalFactor; }
+void Control::setGamma            (Mode mode, double value) { recordOf(mode).gamma             = value; }
+void Control::setGammaFactor      (Mode mode, double value) { recordOf(mode).gammaFactor       = value; }
+void Control::setStrutFactor      (Mode mode, double value) { recordOf(mode).strutFactor       = value; }
+void Control::setCompressionEta   (Mode mode, double value) { recordOf(mode).compressionEta    = value; }
+void Control::setCompressionLambda(Mode mode, double value) { recordOf(mode).compressionLambda = value; }
+void Control::setInternalFactor   (Mode mode, bool   value) { recordOf(mode).internalFactor    = value; }
 
-void Control::setGamma(Mode mode, double value) { recordOf(mode).gamma = value; }
+// clang-format on
 
-void Control::setGammaFactor(Mode mode, double value) { recordOf(mode).gammaFactor = value; }
-
-void Control::setStrutFactor(Mode mode, double value) { recordOf(mode).strutFactor = value; }
-
-void Control::setCompressionEta(Mode mode, double value) { recordOf(mode).compressionEta = value; }
-
-void Control::setCompressionLambda(Mode mode, double value)
+void Control::input(const std::string& fileName)
 {
-    recordOf(mode).compressionLambda = value;
+    Records read = records(); // aside, so that nothing changes when memory ends
+    read.read(fileName);
+    records() = read;
 }
 
-void Control::setInternalFactor(Mode mode, bool value) { recordOf(mode).internalFactor = value; }
-
-void Control::input(const std::string& fileName) { readFile(fileName, records()); }
-
-void Control::input(const ZelXmlTree& tree) { readTree(tree, records()); }
+void Control::input(const ZelXmlTree& tree)
+{
+    Records read = records();
+    read.read(tree);
+    records() = read;
+}
 
 void Control::output(ZelXmlTree& tree)
 {
-    ZelXmlData* block = giveElement(tree, {rootElement, Label::StressBlock});
-    std::vector<const ZelXmlData*> written;
+    WrittenChildren annexes(giveElement(tree, {rootElement, Label::StressBlock}), Label::Annex);
     for (const Mode mode : {Mode::EC, Mode::DIN_1988}) {
-        ZelXmlData* annex =
-            giveNamedChild(block, Label::Annex, XMLUtil::get()->getStringToMode(mode));
+        ZelXmlData* annex = annexes.give(XMLUtil::get()->getStringToMode(mode));
         const Record& record = recordOf(mode);
         setChild(annex, Label::StrutFactor, record.strutFactor);
         setChild(annex, Label::Eta, record.compressionEta);
         setChild(annex, Label::Lambda, record.compressionLambda);
-        written.push_back(annex);
     }
     // The annex of any other code, and of none, would be read into the shared record.
-    removeChildren(block, [&](const ZelXmlData* child) {
-        return std::ranges::find(written, child) == written.end() &&
-               (std::strcmp(ZelXmlData::getName(child), Label::Annex) == 0 ||
-                ZelXmlData::findChild(child, Label::StrutFactor) ||
-                ZelXmlData::findChild(child, Label::Eta) ||
-                ZelXmlData::findChild(child, Label::Lambda));
+    annexes.removeRivals([](const ZelXmlData* child) {
+        return std::strcmp(ZelXmlData::getName(child), Label::Annex) == 0 ||
+               ZelXmlData::findChild(child, Label::StrutFactor) ||
+               ZelXmlData::findChild(child, Label::Eta) ||
+               ZelXmlData::findChild(child, Label::Lambda);
     });
 }
 
 void Control::output(const std::string& fileName)
 {
-    zelofstream file(fileName.c_str(), std::ios::out);
     ZelXmlTree tree;
     output(tree);
-    tree.putToStream(file.stream(), true);
+    saveTree(tree, fileName);
 }
 
 } // namespace Standard

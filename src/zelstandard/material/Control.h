@@ -25,6 +25,8 @@ namespace Standard
 /// the settings file at ZelStandard::getDataBaseDir(), once for the life of the process. A value
 /// that does not exceed 1e-7 is passed over. Gamma, gamma factor and internal factor stand in no
 /// file.
+///
+/// Several threads may read the values once one has been read, while none changes any.
 class ZELSTANDARD_API Control
 {
 public:
