@@ -6,7 +6,7 @@
  * 2. Words are those of the data files, case-sensitive: action types ("SNOW", "LM71"), design codes
  *    ("EC", "DIN-EN"), structures ("BUILDING", "ROADWAY", "RAILWAY1" ...).
  * 3. Both functions use one catalogue of the process, loaded once. The settings of the process do
- *    not touch it. Call from one thread at a time.
+ *    not touch it. Several threads may ask for values; none while a file is loaded.
  */
 #ifndef ZELSTANDARD_FLAT_H
 #define ZELSTANDARD_FLAT_H

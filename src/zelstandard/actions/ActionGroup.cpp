@@ -1,8 +1,9 @@
 #include <zelstandard/actions/ActionGroup.h>
 
-#include <iterator>
+#include <array>
 
 #include <zelstandard/platform/ZelText.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
@@ -10,45 +11,20 @@ namespace Standard
 namespace
 {
 
-constexpr ActionGroupType types[] = {
-    ActionGroupType::G, ActionGroupType::V, ActionGroupType::P,    ActionGroupType::E,
-    ActionGroupType::T, ActionGroupType::S, ActionGroupType::SNOW, ActionGroupType::WIND,
-    ActionGroupType::A, ActionGroupType::L, ActionGroupType::Z,
-};
+/// All groups but the first row's, NONE.
+constexpr auto types = [] {
+    std::array<ActionGroupType, std::size(actionGroupTypeWords) - 1> result{};
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i] = actionGroupTypeWords[i + 1].value;
+    return result;
+}();
 
 } // namespace
 
-unsigned int ActionGroup::getTextID() const
-{
-    // The order of the texts is not that of the values.
-    switch (id_) {
-    case Type::NONE:
-        return 0;
-    case Type::G:
-        return 6065;
-    case Type::V:
-        return 6066;
-    case Type::P:
-        return 6068;
-    case Type::E:
-        return 6069;
-    case Type::T:
-        return 6070;
-    case Type::S:
-        return 6073;
-    case Type::SNOW:
-        return 6072;
-    case Type::WIND:
-        return 6071;
-    case Type::A:
-        return 6067;
-    case Type::L:
-        return 6074;
-    case Type::Z:
-        return 6075;
-    }
-    return 0;
-}
+ActionGroup::ActionGroup(const ActionGroup& other) = default;
+ActionGroup& ActionGroup::operator=(const ActionGroup& other) = default;
+
+unsigned int ActionGroup::getTextID() const { return textIdOf<actionGroupTypeWords>(id_); }
 
 std::string ActionGroup::getName() const
 {
@@ -56,8 +32,8 @@ std::string ActionGroup::getName() const
     return id == 0 ? "-" : ZelText::Load(id);
 }
 
-const ActionGroup::Type* ActionGroup::getTypes() { return types; }
+const ActionGroup::Type* ActionGroup::getTypes() { return types.data(); }
 
-std::size_t ActionGroup::getNumberOfTypes() { return std::size(types); }
+std::size_t ActionGroup::getNumberOfTypes() { return types.size(); }
 
 } // namespace Standard

@@ -10,12 +10,16 @@ namespace Standard
 {
 
 /// A family of actions that are combined together.
+///
+/// Several threads may read an object that none changes.
 class ZELSTANDARD_API ActionGroup
 {
 public:
     using Type = ActionGroupType;
 
     explicit ActionGroup(Type type) : id_(type) {}
+    ActionGroup(const ActionGroup& other);
+    ActionGroup& operator=(const ActionGroup& other);
 
     [[nodiscard]] Type getId() const { return id_; }
 

@@ -9,8 +9,9 @@ namespace Standard
 
 ActionGroupManager* ActionGroupManager::get()
 {
-    static ActionGroupManager instance;
-    return &instance;
+    static ActionGroupManager* const instance =
+        new ActionGroupManager; // lives until the process ends
+    return instance;
 }
 
 ActionGroupManager::ActionGroupManager()
@@ -18,6 +19,9 @@ ActionGroupManager::ActionGroupManager()
     for (std::size_t i = 0; i < ActionGroup::getNumberOfTypes(); ++i)
         giveActionGroup(ActionGroup::getTypes()[i]);
 }
+
+ActionGroupManager::ActionGroupManager(const ActionGroupManager& other) = default;
+ActionGroupManager& ActionGroupManager::operator=(const ActionGroupManager& other) = default;
 
 ActionGroupManager::~ActionGroupManager()
 {

@@ -14,14 +14,16 @@ namespace Standard
 /// It owns the groups. A copy shares them, and every destructor deletes them: this is wanted, and
 /// it means that a copy must never be destroyed while the groups are in use, that is, before the
 /// process ends.
+///
+/// Several threads may read it once get() has been called.
 class ZELSTANDARD_API ActionGroupManager
 {
 public:
     /// Holds the eleven groups in the order of their values; never null.
     static ActionGroupManager* get();
 
-    ActionGroupManager(const ActionGroupManager&) = default;
-    ActionGroupManager& operator=(const ActionGroupManager&) = default;
+    ActionGroupManager(const ActionGroupManager& other);
+    ActionGroupManager& operator=(const ActionGroupManager& other);
     ~ActionGroupManager();
 
     /// The group of a type, created when missing; null for NONE.

@@ -1,74 +1,21 @@
 #include <zelstandard/actions/ActionType.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <map>
+#include <tuple>
 
+#include <zelstandard/actions/detail/Identities.h>
 #include <zelstandard/context/ZelStandard.h>
 #include <zelstandard/platform/ZelText.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
 
 namespace
 {
-
-struct TextRow {
-    ActionTypeId id;
-    unsigned int textId;
-};
-
-/// Display names. The internal types PTG1, PTG2, DSTU and DDEF have none.
-constexpr TextRow nameTexts[] = {
-    {ActionTypeId::NONE,       6014},
-    {ActionTypeId::G1,         6016},
-    {ActionTypeId::G2,         6018},
-    {ActionTypeId::V,          4995},
-    {ActionTypeId::S,          6041},
-    {ActionTypeId::D,          6045},
-    {ActionTypeId::SSHI,       4111},
-    {ActionTypeId::U,          6023},
-    {ActionTypeId::P,          6033},
-    {ActionTypeId::E,          6037},
-    {ActionTypeId::NLA,        6024},
-    {ActionTypeId::NLB,        6025},
-    {ActionTypeId::NLC,        6026},
-    {ActionTypeId::NLD,        6027},
-    {ActionTypeId::NLE,        6028},
-    {ActionTypeId::NLF,        6029},
-    {ActionTypeId::NLG,        6030},
-    {ActionTypeId::NLH,        6031},
-    {ActionTypeId::SW0,        6051},
-    {ActionTypeId::SW2,        6052},
-    {ActionTypeId::BRAKE_LM71, 6053},
-    {ActionTypeId::BRAKE_SW2,  6054},
-    {ActionTypeId::CENTR_LM71, 6055},
-    {ActionTypeId::CENTR_SW0,  6056},
-    {ActionTypeId::CENTR_SW2,  6057},
-    {ActionTypeId::PUSH,       6058},
-    {ActionTypeId::SNOW,       6039},
-    {ActionTypeId::M,          6042},
-    {ActionTypeId::T,          6040},
-    {ActionTypeId::LW,         6043},
-    {ActionTypeId::BA,         6046},
-    {ActionTypeId::Z,          6038},
-    {ActionTypeId::A,          6047},
-    {ActionTypeId::B,          6048},
-    {ActionTypeId::P_WALK,     6061},
-    {ActionTypeId::EXCL_WALK,  6062},
-    {ActionTypeId::RARE,       6063},
-    {ActionTypeId::ADDITIONAL, 6064},
-    {ActionTypeId::LM71,       6050},
-    {ActionTypeId::EARTH,      6044},
-    {ActionTypeId::EARTH_0,    6275},
-    {ActionTypeId::EARTH_INCR, 6518},
-    {ActionTypeId::EARTH_Q,    6060},
-    {ActionTypeId::U_CST,      6237},
-    {ActionTypeId::WIND_CST,   7376},
-    {ActionTypeId::SNOW_CST,   7378},
-    {ActionTypeId::SNOW_1000,  7380},
-    {ActionTypeId::CRANE,      7382},
-};
 
 struct IdRow {
     unsigned int textId;
@@ -135,52 +82,98 @@ constexpr IdRow idsOfTexts[] = {
 /// An action of type B is named by two texts.
 constexpr unsigned int accelerationText = 6049;
 
-bool isBuilding(Classification classification)
+/// The codes, and the building and the bridge types of a code: the first one of either is none.
+constexpr std::size_t codeCount = std::size(designCodes) - 1;
+constexpr std::size_t structureCount = static_cast<std::size_t>(BridgeType::FOOTBRIDGE2) + 1;
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+/// The place of a set; none for a code or bridge type that is no member or means none. A bridge
+/// type plays no part for a building, and every other classification means a bridge.
+std::size_t placeOf(Mode mode, Classification classification, BridgeType bridgeType)
 {
-    return classification == Classification::BUILDING;
-}
-
-using Set = std::shared_ptr<SafetyFactors>;
-
-Set copyOf(const Set& set) { return set ? std::make_shared<SafetyFactors>(*set) : nullptr; }
-
-/// The value of a key, or a null one.
-template <class Map> typename Map::mapped_type find(const Map& map, typename Map::key_type key)
-{
-    const auto found = map.find(key);
-    return found == map.end() ? nullptr : found->second;
-}
-
-bool differ(const Set& left, const Set& right)
-{
-    return left && right ? (*left != *right) != 0 : left != right;
+    const std::size_t code = static_cast<std::size_t>(mode) - 1;
+    const std::size_t bridge = static_cast<std::size_t>(bridgeType) - 1;
+    if (code >= codeCount)
+        return none;
+    if (classification == Classification::BUILDING)
+        return code * structureCount;
+    return bridge < structureCount - 1 ? code * structureCount + bridge + 1 : none;
 }
 
 } // namespace
 
-/// The sets of factors. An empty pointer counts as no set.
+/// The sets of factors, flat by code and structure; those without a place there are kept apart. A
+/// set never moves.
 struct ActionType::Values {
-    struct BridgeTypesToStandard {
-        std::map<BridgeType, Set> sets;
-    };
-    std::map<Mode, Set> building;
-    std::map<Mode, std::shared_ptr<BridgeTypesToStandard>> bridge;
+    /// Code, whether a building, bridge type; that is 0 for a building.
+    using OtherKey = std::tuple<Mode, bool, BridgeType>;
 
-    Values() = default;
-    Values(const Values& other)
+    static constexpr std::size_t count = codeCount * structureCount;
+
+    std::array<SafetyFactors, count> sets;
+    std::array<bool, count> present{};
+    std::map<OtherKey, SafetyFactors> others;
+
+    static OtherKey otherKey(Mode mode, Classification classification, BridgeType bridgeType)
     {
-        for (const auto& [mode, set] : other.building)
-            building[mode] = copyOf(set);
-        for (const auto& [mode, types] : other.bridge) {
-            if (!types)
-                continue;
-            auto& copies = bridge[mode] = std::make_shared<BridgeTypesToStandard>();
-            for (const auto& [type, set] : types->sets)
-                copies->sets[type] = copyOf(set);
+        const bool building = classification == Classification::BUILDING;
+        return {mode, building, building ? BridgeType{} : bridgeType};
+    }
+
+    SafetyFactors* find(Mode mode, Classification classification, BridgeType bridgeType)
+    {
+        const std::size_t place = placeOf(mode, classification, bridgeType);
+        if (place != none)
+            return present[place] ? &sets[place] : nullptr;
+        return findOther(otherKey(mode, classification, bridgeType));
+    }
+
+    // Not inlined: what is at hand is found without a stack.
+    [[gnu::noinline]] SafetyFactors* findOther(OtherKey key)
+    {
+        const auto other = others.find(key);
+        return other == others.end() ? nullptr : &other->second;
+    }
+
+    SafetyFactors& give(Mode mode, Classification classification, BridgeType bridgeType)
+    {
+        const std::size_t place = placeOf(mode, classification, bridgeType);
+        if (place == none)
+            return others[otherKey(mode, classification, bridgeType)];
+        present[place] = true;
+        return sets[place];
+    }
+
+    /// Visits (classification, bridge type, set) of every set of a code.
+    template <class Visitor> void visit(Mode mode, Visitor visitor)
+    {
+        const std::size_t first = placeOf(mode, Classification::BUILDING, BridgeType{});
+        for (std::size_t i = 0; first != none && i < structureCount; ++i)
+            if (present[first + i])
+                visitor(i == 0 ? Classification::BUILDING : Classification::BRIDGE,
+                        static_cast<BridgeType>(i), sets[first + i]);
+        for (auto& [key, set] : others) {
+            const auto& [code, building, bridgeType] = key;
+            if (code == mode)
+                visitor(building ? Classification::BUILDING : Classification::BRIDGE, bridgeType,
+                        set);
         }
     }
-    Values& operator=(const Values&) = delete;
+
+    /// True when a set of this type is missing in the other or differs there.
+    [[nodiscard]] bool differsFrom(const Values& other) const
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            if (present[i] && (!other.present[i] || sets[i] != other.sets[i]))
+                return true;
+        return std::ranges::any_of(others, [&](const auto& entry) {
+            const auto found = other.others.find(entry.first);
+            return found == other.others.end() || entry.second != found->second;
+        });
+    }
 };
+
+unsigned int identityChanges = 0;
 
 const int ActionType::IdCount = 51;
 
@@ -196,7 +189,9 @@ ActionType& ActionType::operator=(const ActionType& other)
 {
     if (this == &other)
         return *this;
-    copyGammasAndPsis(other);
+    if (id_ != other.id_)
+        ++identityChanges;
+    *values_ = *other.values_;
     id_ = other.id_;
     actionGroup_ = other.actionGroup_;
     loadDuration_ = other.loadDuration_;
@@ -212,23 +207,8 @@ ActionGroup::Type ActionType::getActionGroupId() const
 
 bool ActionType::operator!=(const ActionType& other) const
 {
-    if (id_ != other.id_ || actionGroup_ != other.actionGroup_ ||
-        loadDuration_ != other.loadDuration_)
-        return true;
-    for (const auto& [mode, set] : values_->building)
-        if (differ(set, find(other.values_->building, mode)))
-            return true;
-    for (const auto& [mode, types] : values_->bridge) {
-        const auto otherTypes = find(other.values_->bridge, mode);
-        if (!types != !otherTypes)
-            return true;
-        if (!types)
-            continue;
-        for (const auto& [type, set] : types->sets)
-            if (differ(set, find(otherTypes->sets, type)))
-                return true;
-    }
-    return false;
+    return id_ != other.id_ || actionGroup_ != other.actionGroup_ ||
+           loadDuration_ != other.loadDuration_ || values_->differsFrom(*other.values_);
 }
 
 bool ActionType::operator==(const ActionType& other) const { return !(*this != other); }
@@ -236,139 +216,58 @@ bool ActionType::operator==(const ActionType& other) const { return !(*this != o
 SafetyFactors* ActionType::getFactors(Mode mode, Classification classification,
                                       BridgeType bridgeType) const
 {
-    if (isBuilding(classification))
-        return find(values_->building, mode).get();
-    const auto types = find(values_->bridge, mode);
-    return types ? find(types->sets, bridgeType).get() : nullptr;
+    return values_->find(mode, classification, bridgeType);
 }
 
 SafetyFactors* ActionType::giveFactors(Mode mode, Classification classification,
                                        BridgeType bridgeType)
 {
-    if (SafetyFactors* factors = getFactors(mode, classification, bridgeType))
-        return factors;
-    auto made = std::make_shared<SafetyFactors>();
-    if (isBuilding(classification))
-        return (values_->building[mode] = made).get();
-    auto& types = values_->bridge[mode];
-    if (!types)
-        types = std::make_shared<Values::BridgeTypesToStandard>();
-    return (types->sets[bridgeType] = made).get();
+    return &values_->give(mode, classification, bridgeType);
 }
 
-SafetyFactors* ActionType::currentFactors() const
+[[gnu::always_inline]] inline SafetyFactors* ActionType::currentFactors() const
 {
     const ZelStandard& standard = *ZelStandard::get();
-    return getFactors(standard.getMode(), standard.getClassification(), standard.getBridgeType());
+    return values_->find(standard.getMode(), standard.getClassification(),
+                         standard.getBridgeType());
 }
 
-double ActionType::getGammaSup() const
+template <double (SafetyFactors::*get)() const> double ActionType::inForce(double without) const
 {
     const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getGammaSup() : 1.0;
+    return factors ? (factors->*get)() : without;
 }
 
-double ActionType::getGammaInf() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getGammaInf() : 1.0;
-}
-
-double ActionType::getPsi0() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi0() : 1.0;
-}
-
-double ActionType::getPsi1() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi1() : 1.0;
-}
-
-double ActionType::getPsi2() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi2() : 1.0;
-}
-
-double ActionType::getPsi11() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi11() : 1.0;
-}
-
-double ActionType::getPsi21() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi21() : 0.0;
-}
-
-double ActionType::getPsi22() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getPsi22() : 0.0;
-}
-
-double ActionType::getCrackRed() const
-{
-    const SafetyFactors* factors = currentFactors();
-    return factors ? factors->getCrackRed() : 1.0;
-}
-
-void ActionType::setGammaSup(double value)
+template <void (SafetyFactors::*set)(double)> void ActionType::change(double value)
 {
     if (SafetyFactors* factors = currentFactors())
-        factors->setGammaSup(value);
+        (factors->*set)(value);
 }
 
-void ActionType::setGammaInf(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setGammaInf(value);
-}
+// Behind each getter what it gives without a set in force.
+// clang-format off
 
-void ActionType::setPsi0(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi0(value);
-}
+double ActionType::getGammaSup() const { return inForce<&SafetyFactors::getGammaSup>(1.0); }
+double ActionType::getGammaInf() const { return inForce<&SafetyFactors::getGammaInf>(1.0); }
+double ActionType::getPsi0()     const { return inForce<&SafetyFactors::getPsi0>(   1.0); }
+double ActionType::getPsi1()     const { return inForce<&SafetyFactors::getPsi1>(   1.0); }
+double ActionType::getPsi2()     const { return inForce<&SafetyFactors::getPsi2>(   1.0); }
+double ActionType::getPsi11()    const { return inForce<&SafetyFactors::getPsi11>(  1.0); }
+double ActionType::getPsi21()    const { return inForce<&SafetyFactors::getPsi21>(  0.0); }
+double ActionType::getPsi22()    const { return inForce<&SafetyFactors::getPsi22>(  0.0); }
+double ActionType::getCrackRed() const { return inForce<&SafetyFactors::getCrackRed>(1.0); }
 
-void ActionType::setPsi1(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi1(value);
-}
+void ActionType::setGammaSup(double value) { change<&SafetyFactors::setGammaSup>(value); }
+void ActionType::setGammaInf(double value) { change<&SafetyFactors::setGammaInf>(value); }
+void ActionType::setPsi0(double value)     { change<&SafetyFactors::setPsi0>(   value); }
+void ActionType::setPsi1(double value)     { change<&SafetyFactors::setPsi1>(   value); }
+void ActionType::setPsi2(double value)     { change<&SafetyFactors::setPsi2>(   value); }
+void ActionType::setPsi11(double value)    { change<&SafetyFactors::setPsi11>(  value); }
+void ActionType::setPsi21(double value)    { change<&SafetyFactors::setPsi21>(  value); }
+void ActionType::setPsi22(double value)    { change<&SafetyFactors::setPsi22>(  value); }
+void ActionType::setCrackRed(double value) { change<&SafetyFactors::setCrackRed>(value); }
 
-void ActionType::setPsi2(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi2(value);
-}
-
-void ActionType::setPsi11(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi11(value);
-}
-
-void ActionType::setPsi21(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi21(value);
-}
-
-void ActionType::setPsi22(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setPsi22(value);
-}
-
-void ActionType::setCrackRed(double value)
-{
-    if (SafetyFactors* factors = currentFactors())
-        factors->setCrackRed(value);
-}
+// clang-format on
 
 double ActionType::getGammaSupReduced() const { return reduced(getGammaSup()); }
 
@@ -391,13 +290,12 @@ bool ActionType::isActive() const { return currentFactors() != nullptr; }
 
 bool ActionType::hasValues(Mode mode) const
 {
-    if (getFactors(mode, Classification::BUILDING, BridgeType::ROADWAY))
-        return true;
-    for (const BridgeType type : {BridgeType::ROADWAY, BridgeType::RAILWAY1, BridgeType::RAILWAY2,
-                                  BridgeType::RAILWAY3, BridgeType::FOOTBRIDGE1})
-        if (getFactors(mode, Classification::BRIDGE, type))
-            return true;
-    return false;
+    bool found = false;
+    values_->visit(mode, [&](Classification classification, BridgeType type, const SafetyFactors&) {
+        found |= classification == Classification::BUILDING ||
+                 (type >= BridgeType::ROADWAY && type <= BridgeType::FOOTBRIDGE1);
+    });
+    return found;
 }
 
 bool ActionType::isSecondary() const { return id_ >= Id::PTG1 && id_ <= Id::SSHI; }
@@ -406,30 +304,18 @@ bool ActionType::isImposedLoadType() const { return id_ >= Id::NLA && id_ <= Id:
 
 void ActionType::copyFromEC(Mode mode)
 {
-    const auto copy = [&](Classification classification, BridgeType bridgeType) {
-        if (const SafetyFactors* ec = getFactors(Mode::EC, classification, bridgeType))
-            *giveFactors(mode, classification, bridgeType) = *ec;
-    };
-    copy(Classification::BUILDING, BridgeType::ROADWAY);
-    if (const auto types = find(values_->bridge, Mode::EC))
-        for (const auto& [type, set] : types->sets)
-            copy(Classification::BRIDGE, type);
+    values_->visit(Mode::EC,
+                   [&](Classification classification, BridgeType type, const SafetyFactors& set) {
+                       values_->give(mode, classification, type) = set;
+                   });
 }
 
-void ActionType::copyGammasAndPsis(const ActionType& other)
-{
-    if (this != &other)
-        values_ = std::make_unique<Values>(*other.values_);
-}
+void ActionType::copyGammasAndPsis(const ActionType& other) { *values_ = *other.values_; }
 
 void ActionType::takeOver(Mode mode, const SafetyFactors& factors)
 {
-    if (const Set set = find(values_->building, mode))
-        set->takeOverFrom(factors);
-    if (const auto types = find(values_->bridge, mode))
-        for (const auto& [type, set] : types->sets)
-            if (set)
-                set->takeOverFrom(factors);
+    values_->visit(
+        mode, [&](Classification, BridgeType, SafetyFactors& set) { set.takeOverFrom(factors); });
 }
 
 std::string ActionType::getName() const
@@ -473,8 +359,8 @@ std::string ActionType::getReportDescriptionText() const
 
 zelt::Nullable<unsigned int> ActionType::getTextId() const
 {
-    const auto* row = std::ranges::find(nameTexts, id_, &TextRow::id);
-    return row == std::end(nameTexts) ? zelt::Nullable<unsigned int>() : row->textId;
+    const unsigned int id = textIdOf<actionTypeIdWords>(id_);
+    return id == 0 ? zelt::Nullable<unsigned int>() : id;
 }
 
 unsigned int ActionType::determineDescriptionId() const

@@ -20,6 +20,8 @@ namespace Standard
 ///
 /// "The set in force" is the one for the mode, classification and bridge type that
 /// ZelStandard::get() holds at the moment of the call.
+///
+/// Several threads may read types that none changes, while none changes the settings either.
 class ZELSTANDARD_API ActionType
 {
 public:
@@ -127,6 +129,9 @@ private:
     struct Values;
 
     [[nodiscard]] SafetyFactors* currentFactors() const;
+    template <double (SafetyFactors::*get)() const>
+    [[nodiscard]] double inForce(double without) const;
+    template <void (SafetyFactors::*set)(double)> void change(double value);
     [[nodiscard]] double reduced(double gamma) const;
     [[nodiscard]] bool isImposedLoadType() const;
     [[nodiscard]] static bool isConreteType();

@@ -1,11 +1,13 @@
 #include <zelstandard/actions/ActionTypeManager.h>
 
+#include <algorithm>
 #include <memory>
 
 #include <zelstandard/actions/ActionTypeReader.h>
 #include <zelstandard/actions/ActionTypeWriter.h>
-#include <zelstandard/datafiles/DataFile.h>
-#include <zelstandard/datafiles/zelofstream.h>
+#include <zelstandard/actions/detail/Identities.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 
 namespace Standard
 {
@@ -14,32 +16,62 @@ ActionTypeManager::ActionTypeManager(const std::string& fileName) { init(fileNam
 
 ActionTypeManager::ActionTypeManager(const ZelXmlTree& tree) { init(tree); }
 
-ActionTypeManager::~ActionTypeManager() { clear(); }
+ActionTypeManager::ActionTypeManager(const ActionTypeManager& other) = default;
+ActionTypeManager& ActionTypeManager::operator=(const ActionTypeManager& other) = default;
+
+ActionTypeManager::~ActionTypeManager()
+{
+    for (ActionType* type : types_)
+        delete type;
+}
 
 void ActionTypeManager::init(const std::string& fileName)
 {
     const auto stream = openDataFile(fileName);
     if (!stream)
         return;
-    clear();
+    ZelXmlTree tree;
     if (stream->good())
-        ActionTypeReader(this).readXml(*stream);
+        tree.buildOfStream(*stream);
+    init(tree);
 }
 
 void ActionTypeManager::init(const ZelXmlTree& tree)
 {
-    clear();
-    ActionTypeReader(this).readXml(tree);
+    ActionTypeManager read; // aside, so that the contents stay when memory ends
+    ActionTypeReader(&read).readXml(tree);
+    types_.swap(read.types_);
+    makeIndex();
 }
 
-void ActionTypeManager::addType(ActionType* type) { types_.push_back(type); }
+void ActionTypeManager::addType(ActionType* type)
+{
+    types_.push_back(type);
+    isIndexed_ = false;
+}
+
+void ActionTypeManager::makeIndex() const
+{
+    index_.fill(nullptr);
+    for (ActionType* type : types_) {
+        const auto place = static_cast<std::size_t>(type ? type->getId() : ActionType::Id{-1});
+        if (place < index_.size() && !index_[place])
+            index_[place] = type;
+    }
+    isIndexed_ = true;
+    indexedChanges_ = identityChanges;
+}
 
 ActionType* ActionTypeManager::findActionType(ActionType::Id id) const
 {
-    for (ActionType* type : types_)
-        if (type && type->getId() == id)
-            return type;
-    return nullptr;
+    if (!isIndexed_ || indexedChanges_ != identityChanges)
+        makeIndex();
+    const auto place = static_cast<std::size_t>(id);
+    if (place < index_.size())
+        return index_[place];
+    const auto found = std::ranges::find_if(
+        types_, [&](const ActionType* type) { return type && type->getId() == id; });
+    return found == types_.end() ? nullptr : *found;
 }
 
 ActionType* ActionTypeManager::giveActionType(ActionType::Id id)
@@ -68,15 +100,9 @@ void ActionTypeManager::output(ZelXmlTree& tree) { ActionTypeWriter(this).writeX
 
 void ActionTypeManager::output(const std::string& fileName)
 {
-    zelofstream file(fileName.c_str(), std::ios::out);
-    output(file.stream());
-}
-
-void ActionTypeManager::clear()
-{
-    for (ActionType* type : types_)
-        delete type;
-    types_.clear();
+    ZelXmlTree tree;
+    output(tree);
+    saveTree(tree, fileName);
 }
 
 } // namespace Standard

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -16,14 +17,17 @@ namespace Standard
 ///
 /// A copy shares the action types, and every destructor deletes them: this is wanted, and it means
 /// that of a catalogue and its copies only one may ever be destroyed or read anew.
+///
+/// Several threads may read a catalogue once findActionType() has been called after the last
+/// change, the assignment of an action type to another one included.
 class ZELSTANDARD_API ActionTypeManager
 {
 public:
     /// As init() on an empty catalogue.
     explicit ActionTypeManager(const std::string& fileName);
     explicit ActionTypeManager(const ZelXmlTree& tree);
-    ActionTypeManager(const ActionTypeManager&) = default;
-    ActionTypeManager& operator=(const ActionTypeManager&) = default;
+    ActionTypeManager(const ActionTypeManager& other);
+    ActionTypeManager& operator=(const ActionTypeManager& other);
     ~ActionTypeManager();
 
     /// Replaces the contents by those of an action type file, plain or enciphered. Nothing is
@@ -57,9 +61,14 @@ public:
     void output(const std::string& fileName);
 
 private:
-    void clear();
+    ActionTypeManager() = default;
+    void makeIndex() const;
 
     std::vector<ActionType*> types_;
+    /// The first type of each identity, as it was when identities last changed.
+    mutable std::array<ActionType*, 52> index_{};
+    mutable bool isIndexed_ = false;
+    mutable unsigned int indexedChanges_ = 0;
 };
 
 } // namespace Standard

@@ -1,11 +1,13 @@
 #include <zelstandard/actions/ActionTypeReader.h>
 
+#include <array>
 #include <memory>
+#include <string_view>
 
 #include <zelstandard/actions/ActionGroupManager.h>
 #include <zelstandard/actions/ActionTypeManager.h>
-#include <zelstandard/actions/FactorElements.h>
-#include <zelstandard/datafiles/XmlDocument.h>
+#include <zelstandard/actions/detail/FactorElements.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
@@ -43,7 +45,7 @@ void ActionTypeReader::readActionType(const ZelXmlData* element)
     for (const ZelXmlData* annex : ChildElements(annexes))
         readAnnex(annex, *type);
     manager_->addType(type.get());
-    type.release();
+    (void)type.release();
 }
 
 void ActionTypeReader::readAnnex(const ZelXmlData* element, ActionType& type)
@@ -72,11 +74,9 @@ void ActionTypeReader::readAnnex(const ZelXmlData* element, ActionType& type)
 
 void ActionTypeReader::readFactors(const ZelXmlData* element, SafetyFactors& factors)
 {
-    for (const FactorElement& factor : factorElements) {
-        double value = (factors.*factor.get)();
-        ZelXmlDataUtil::readValToChild(ZelXmlData::findChild(element, factor.name), value);
-        (factors.*factor.set)(value);
-    }
+    const auto elements = firstChildren(element, factorNames);
+    for (std::size_t i = 0; i < factorCount; ++i)
+        ZelXmlDataUtil::readValToChild(elements[i], FactorAccess::of(factors)[i]);
 }
 
 } // namespace Standard

@@ -37,6 +37,8 @@ class SafetyFactors;
 /// negative value counts as not given in a DEFAULT and is taken as it is in a named set. A type
 /// that occurs twice yields two entries. Nothing is reported: what is missing is skipped, unknown
 /// words become what XMLUtil gives for them.
+///
+/// One thread may read into a catalogue at a time, and none use it meanwhile.
 class ZELSTANDARD_API ActionTypeReader
 {
 public:

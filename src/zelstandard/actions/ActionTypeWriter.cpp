@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <functional>
+#include <string>
 
 #include <zelstandard/actions/ActionTypeManager.h>
-#include <zelstandard/actions/FactorElements.h>
-#include <zelstandard/datafiles/XmlDocument.h>
+#include <zelstandard/actions/detail/FactorElements.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
@@ -52,9 +54,9 @@ SafetyFactors* factorsOf(const ActionType& type, Mode mode, const Structure& str
 bool differ(const SafetyFactors& left, const SafetyFactors& right)
 {
     constexpr double tolerance = 1e-7;
-    return std::ranges::any_of(factorElements, [&](const FactorElement& factor) {
-        return std::fabs((left.*factor.get)() - (right.*factor.get)()) > tolerance;
-    });
+    const auto differs = [](double a, double b) { return std::fabs(a - b) > tolerance; };
+    const double* first = FactorAccess::of(left);
+    return !std::equal(first, first + factorCount, FactorAccess::of(right), std::not_fn(differs));
 }
 
 /// True when a set of the code differs from the same set of EC; a set missing on either side does
@@ -84,18 +86,15 @@ void ActionTypeWriter::writeXml(ZelXmlTree& tree)
 
 void ActionTypeWriter::writeActionTypes(ZelXmlData* parent)
 {
-    std::vector<ZelXmlData*> written;
-    for (const ActionType* type : manager_->getActionTypes()) {
-        if (!type)
-            continue;
-        ZelXmlData* element = giveNamedChild(parent, Label::ActionType,
-                                             XMLUtil::get()->getStringToActionType(type->getId()));
-        writeActionType(element, *type);
-        if (std::ranges::find(written, element) == written.end())
-            written.push_back(element);
-    }
-    removeRivals(parent, written, [&](const std::string& name) {
-        return manager_->findActionType(XMLUtil::get()->getActionTypeIDToString(name)) != nullptr;
+    using Identities = Words<actionTypeIdWords, 0>;
+    WrittenChildren children(parent, Label::ActionType);
+    for (const auto& [name, type] : byWord(manager_->getActionTypes(), [](const ActionType& type) {
+             return Identities::word(type.getId());
+         }))
+        writeActionType(children.give(name), *type);
+    children.removeRivals([&](const std::string& name) {
+        const auto* row = Identities::find(name);
+        return row && manager_->findActionType(row->value);
     });
 }
 
@@ -106,18 +105,18 @@ void ActionTypeWriter::writeActionType(ZelXmlData* element, const ActionType& ty
     setChild(element, Label::LoadDuration,
              words.getStringToLoadDuration(type.getLoadDurationClass()));
 
-    ZelXmlData* annexes = giveTree(element, Label::Annexes);
-    std::vector<ZelXmlData*> written;
+    WrittenChildren annexes(giveTree(element, Label::Annexes), Label::Annex);
+    ZelXmlData* ec = nullptr;
     for (const Mode mode : writtenModes) {
         if (!type.hasValues(mode))
             continue;
-        ZelXmlData* annex = giveNamedChild(annexes, Label::Annex, words.getStringToMode(mode));
+        ZelXmlData* annex = annexes.give(words.getStringToMode(mode));
         writeAnnex(annex, type, mode);
-        written.push_back(annex);
         if (mode == Mode::EC)
-            ZelXmlData::moveToFront(annexes, annex); // the others start from it when read
+            ec = annex;
     }
-    removeRivals(annexes, written, [&](const std::string& name) {
+    annexes.moveToFront(ec); // the others start from it when read
+    annexes.removeRivals([&](const std::string& name) {
         return std::ranges::find(writtenModes, words.getModeToString(name)) !=
                std::end(writtenModes);
     });
@@ -126,21 +125,19 @@ void ActionTypeWriter::writeActionType(ZelXmlData* element, const ActionType& ty
 void ActionTypeWriter::writeAnnex(ZelXmlData* element, const ActionType& type, Mode mode)
 {
     XMLUtil& words = *XMLUtil::get();
-    std::vector<ZelXmlData*> written;
+    WrittenChildren sets(element, Label::Classification);
     if (mode == Mode::EC || differsFromEC(type, mode)) {
         for (const Structure& structure : structures) {
             const SafetyFactors* factors = factorsOf(type, mode, structure);
             if (!factors || !isWritten(structure))
                 continue;
-            const std::string name = structure.classification == Classification::BUILDING
-                                         ? Label::Building
-                                         : words.getStringToBridgeType(structure.bridgeType);
-            ZelXmlData* child = giveNamedChild(element, Label::Classification, name);
-            writeFactors(child, *factors);
-            written.push_back(child);
+            writeFactors(sets.give(structure.classification == Classification::BUILDING
+                                       ? Label::Building
+                                       : words.getStringToBridgeType(structure.bridgeType)),
+                         *factors);
         }
     }
-    removeRivals(element, written, [&](const std::string& name) {
+    sets.removeRivals([&](const std::string& name) {
         return name == defaultSetName || name == Label::Building ||
                words.getBridgeTypeToString(name) >= BridgeType::ROADWAY;
     });
@@ -148,8 +145,9 @@ void ActionTypeWriter::writeAnnex(ZelXmlData* element, const ActionType& type, M
 
 void ActionTypeWriter::writeFactors(ZelXmlData* element, const SafetyFactors& factors)
 {
-    for (const FactorElement& factor : factorElements)
-        ZelXmlDataUtil::setChildData(element, factor.name, (factors.*factor.get)(), factor.format);
+    const double* factor = FactorAccess::of(factors);
+    for (const FactorElement& written : factorElements)
+        ZelXmlDataUtil::setChildData(element, written.name, *factor++, written.format);
 }
 
 } // namespace Standard

@@ -25,9 +25,12 @@ class SafetyFactors;
 /// values that are no finite numbers. All this is wanted.
 ///
 /// Written into a tree that holds action types already, their elements are updated in place:
-/// unknown content, comments, the annex of SIA, sets of unknown names and types that the catalogue
-/// does not have stay, and what would give another value when read again (DEFAULT elements, sets
-/// and annexes that the type does not have, repeated elements) is removed.
+/// unknown content, comments, the annex of SIA, elements whose NAME is no known word and types that
+/// the catalogue does not have stay, and what would give another value when read again (DEFAULT
+/// elements, sets and annexes that the type does not have, repeated elements) is removed. A type of
+/// an unknown name, or of none, is read again as one of the identity NONE.
+///
+/// Several threads may write a catalogue that none changes, each into a tree of its own.
 class ZELSTANDARD_API ActionTypeWriter
 {
 public:

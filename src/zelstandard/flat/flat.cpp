@@ -1,45 +1,21 @@
 #include <zelstandard/flat.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
 #include <zelstandard/actions/ActionTypeManager.h>
-#include <zelstandard/vocabulary/XMLUtil.h>
+#include <zelstandard/actions/detail/FactorElements.h>
+#include <zelstandard/vocabulary/Constants.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
-using Standard::ActionType;
-using Standard::ActionTypeManager;
-using Standard::BridgeType;
-using Standard::Classification;
-using Standard::Mode;
-using Standard::SafetyFactors;
-using Standard::XMLUtil;
+using namespace Standard;
 
 namespace
 {
 
-/// Never freed or replaced once it holds action types.
-std::unique_ptr<ActionTypeManager> catalogue;
-
-/// No word of the three vocabularies is longer; so much fits a std::string without the heap.
-constexpr std::size_t longestWord = 15;
-
-constexpr bool allFit(const auto& words)
-{
-    for (const auto& row : words)
-        if (std::char_traits<char>::length(row.word) > longestWord)
-            return false;
-    return true;
-}
-
-static_assert(allFit(Standard::actionTypeIdWords) && allFit(Standard::modeWords) &&
-              allFit(Standard::bridgeTypeWords));
-
-/// The text, or an empty one, just as unknown, in place of a text that is too long to be a word.
-std::string wordOf(const char* text)
-{
-    const void* end = std::memchr(text, '\0', longestWord + 1);
-    return end ? text : "";
-}
+/// Never freed or replaced once it holds action types: a host's static destructors may still ask.
+ActionTypeManager* catalogue = nullptr;
 
 } // namespace
 
@@ -48,7 +24,7 @@ try {
     if (!catalogue && path) {
         auto made = std::make_unique<ActionTypeManager>(std::string(path));
         if (made->hasActionTypes())
-            catalogue = std::move(made);
+            catalogue = made.release();
     }
     return catalogue ? 1 : 0;
 } catch (...) {
@@ -57,37 +33,22 @@ try {
 
 int ZelStandardGetCombValues(const char* actionType, const char* mode, const char* structure,
                              double* values, size_t count)
-try {
+{
     if (!catalogue || !actionType || !mode || !structure || !values || count < ZELSTANDARD_FACTORS)
         return 0;
-    XMLUtil& words = *XMLUtil::get();
-
-    const ActionType::Id id = words.getActionTypeIDToString(wordOf(actionType));
+    const ActionType::Id id = Words<actionTypeIdWords, 0>::value(actionType);
     const ActionType* type = id == ActionType::Id::NONE ? nullptr : catalogue->findActionType(id);
-    const Mode code = words.getModeToString(wordOf(mode));
+    const Mode code = Words<designCodes, 0>::value(mode);
     if (!type || code == Mode::NO_CODE)
         return 0;
 
-    const std::string structureWord = wordOf(structure);
-    const bool building =
-        structureWord == words.getStringToClassification(Classification::BUILDING);
+    const bool building = std::strcmp(structure, Constants::Label::Building) == 0;
     const SafetyFactors* factors =
         building ? type->getFactors(code, Classification::BUILDING, BridgeType::ROADWAY)
                  : type->getFactors(code, Classification::BRIDGE,
-                                    words.getBridgeTypeToString(structureWord));
+                                    Words<bridgeTypeWords, 0>::value(structure));
     if (!factors)
         return 0;
-
-    *values++ = factors->getGammaSup();
-    *values++ = factors->getGammaInf();
-    *values++ = factors->getPsi0();
-    *values++ = factors->getPsi1();
-    *values++ = factors->getPsi2();
-    *values++ = factors->getPsi11();
-    *values++ = factors->getPsi21();
-    *values++ = factors->getPsi22();
-    *values++ = factors->getCrackRed();
+    std::copy_n(FactorAccess::of(*factors), factorCount, values);
     return 1;
-} catch (...) {
-    return 0;
 }
