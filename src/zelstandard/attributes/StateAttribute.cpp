@@ -1,10 +1,12 @@
 #include <zelstandard/attributes/StateAttribute.h>
 
+#include <algorithm>
 #include <memory>
 
 #include <zelstandard/actions/ActionType.h>
-#include <zelstandard/attributes/BridgeTokens.h>
+#include <zelstandard/attributes/detail/Activity.h>
 #include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/vocabulary/OperatorTexts.h>
 
 namespace Standard
 {
@@ -14,17 +16,28 @@ namespace
 
 using enum StateAttributeToken;
 
+// clang-format off
 constexpr RejectedTokens rejected[] = {
     {DesignMaterial::CONCRETE,           {PRECAST, IN_SITU_CONCRETE, PRESTRESS, V_PRECAST, V_COMPOSITE}},
-    {DesignMaterial::COMPOSITE_STEEL,
-     {PRECAST, IN_SITU_CONCRETE, PRESTRESS, V_PRECAST, V_COMPOSITE}                                    },
-    {DesignMaterial::COMPOSITE_CONCRETE, {G1, G1_CST, PRESTRESS, V, V_CST}                             },
- // G1_CST stays although G1 does not; this is wanted.
-    {DesignMaterial::COMPOSITE_STEEL,    {G1, V, V_CST, TRAFFIC_CST, TEMP_CST, SNOW_CST, WIND_CST}     },
-    {DesignMaterial::STEEL,
-     {G1, G1_CST, PRECAST, IN_SITU_CONCRETE, CONCRETE_SETTING, PRESTRESS, V, V_CST, V_PRECAST,
-      V_COMPOSITE}                                                                                     },
+    {DesignMaterial::COMPOSITE_STEEL,    {PRECAST, IN_SITU_CONCRETE, PRESTRESS, V_PRECAST, V_COMPOSITE}},
+    {DesignMaterial::COMPOSITE_CONCRETE, {G1, G1_CST, PRESTRESS, V, V_CST}},
+    // G1_CST stays although G1 does not; this is wanted.
+    {DesignMaterial::COMPOSITE_STEEL,    {G1, V, V_CST, TRAFFIC_CST, TEMP_CST, SNOW_CST, WIND_CST}},
+    {DesignMaterial::STEEL,              {G1, G1_CST, PRECAST, IN_SITU_CONCRETE, CONCRETE_SETTING,
+                                          PRESTRESS, V, V_CST, V_PRECAST, V_COMPOSITE}},
 };
+// clang-format on
+
+double factor(const ActionType* type, double (ActionType::*get)() const, double without)
+{
+    return type ? (type->*get)() : without;
+}
+
+void change(ActionType* type, void (ActionType::*set)(double), double value)
+{
+    if (type)
+        (type->*set)(value);
+}
 
 } // namespace
 
@@ -33,6 +46,8 @@ StateAttribute::StateAttribute(StateAttributeToken token, ActionType* actionType
 {
 }
 
+StateAttribute::StateAttribute(const StateAttribute& other) = default;
+StateAttribute& StateAttribute::operator=(const StateAttribute& other) = default;
 StateAttribute::~StateAttribute() = default;
 
 void StateAttribute::setData(const StateAttribute* other)
@@ -83,148 +98,57 @@ ActionGroup* StateAttribute::getActionGroup() const
     return actionType_ ? actionType_->getActionGroup() : nullptr;
 }
 
-int StateAttribute::fromBit(int value) { return 1 << (value + 3); }
-
-template <class Value> int StateAttribute::bitField(const std::set<Value>& values)
+void StateAttribute::Validity::addOther(int value)
 {
-    int bits = 0;
-    for (const Value value : values)
-        bits += fromBit(static_cast<int>(value));
-    return bits;
+    others_.insert(std::ranges::lower_bound(others_, value), value);
 }
 
-int StateAttribute::getStandardBitField() const { return bitField(standards_); }
-
-int StateAttribute::getClassificationBitField() const { return bitField(classifications_); }
-
-int StateAttribute::getBridgeTypeBitField() const { return bitField(bridgeTypes_); }
-
-double StateAttribute::getGammaSup() const
+bool StateAttribute::Validity::hasOther(int value) const
 {
-    return actionType_ ? actionType_->getGammaSup() : 1.0;
+    return std::ranges::binary_search(others_, value);
 }
 
-double StateAttribute::getGammaInf() const
-{
-    return actionType_ ? actionType_->getGammaInf() : 1.0;
-}
+// Behind each getter the value without an action type.
+// clang-format off
 
-double StateAttribute::getPsi0() const { return actionType_ ? actionType_->getPsi0() : 1.0; }
+double StateAttribute::getGammaSup() const        { return factor(actionType_, &ActionType::getGammaSup,        1.0); }
+double StateAttribute::getGammaInf() const        { return factor(actionType_, &ActionType::getGammaInf,        1.0); }
+double StateAttribute::getPsi0() const            { return factor(actionType_, &ActionType::getPsi0,            1.0); }
+double StateAttribute::getPsi1() const            { return factor(actionType_, &ActionType::getPsi1,            1.0); }
+double StateAttribute::getPsi2() const            { return factor(actionType_, &ActionType::getPsi2,            1.0); }
+double StateAttribute::getPsi11() const           { return factor(actionType_, &ActionType::getPsi11,           1.0); }
+double StateAttribute::getPsi21() const           { return factor(actionType_, &ActionType::getPsi21,           0.0); }
+double StateAttribute::getPsi22() const           { return factor(actionType_, &ActionType::getPsi22,           0.0); }
+double StateAttribute::getCrackRed() const        { return factor(actionType_, &ActionType::getCrackRed,        1.0); }
+double StateAttribute::getGammaSupReduced() const { return factor(actionType_, &ActionType::getGammaSupReduced, 1.0); }
+double StateAttribute::getGammaInfReduced() const { return factor(actionType_, &ActionType::getGammaInfReduced, 1.0); }
 
-double StateAttribute::getPsi1() const { return actionType_ ? actionType_->getPsi1() : 1.0; }
+void StateAttribute::setGammaSup(double value) { change(actionType_, &ActionType::setGammaSup, value); }
+void StateAttribute::setGammaInf(double value) { change(actionType_, &ActionType::setGammaInf, value); }
+void StateAttribute::setPsi0(double value)     { change(actionType_, &ActionType::setPsi0,     value); }
+void StateAttribute::setPsi1(double value)     { change(actionType_, &ActionType::setPsi1,     value); }
+void StateAttribute::setPsi2(double value)     { change(actionType_, &ActionType::setPsi2,     value); }
+void StateAttribute::setPsi11(double value)    { change(actionType_, &ActionType::setPsi11,    value); }
+void StateAttribute::setPsi21(double value)    { change(actionType_, &ActionType::setPsi21,    value); }
+void StateAttribute::setPsi22(double value)    { change(actionType_, &ActionType::setPsi22,    value); }
+void StateAttribute::setCrackRed(double value) { change(actionType_, &ActionType::setCrackRed, value); }
 
-double StateAttribute::getPsi2() const { return actionType_ ? actionType_->getPsi2() : 1.0; }
-
-double StateAttribute::getPsi11() const { return actionType_ ? actionType_->getPsi11() : 1.0; }
-
-double StateAttribute::getPsi21() const { return actionType_ ? actionType_->getPsi21() : 0.0; }
-
-double StateAttribute::getPsi22() const { return actionType_ ? actionType_->getPsi22() : 0.0; }
-
-double StateAttribute::getCrackRed() const
-{
-    return actionType_ ? actionType_->getCrackRed() : 1.0;
-}
-
-void StateAttribute::setGammaSup(double value)
-{
-    if (actionType_)
-        actionType_->setGammaSup(value);
-}
-
-void StateAttribute::setGammaInf(double value)
-{
-    if (actionType_)
-        actionType_->setGammaInf(value);
-}
-
-void StateAttribute::setPsi0(double value)
-{
-    if (actionType_)
-        actionType_->setPsi0(value);
-}
-
-void StateAttribute::setPsi1(double value)
-{
-    if (actionType_)
-        actionType_->setPsi1(value);
-}
-
-void StateAttribute::setPsi2(double value)
-{
-    if (actionType_)
-        actionType_->setPsi2(value);
-}
-
-void StateAttribute::setPsi11(double value)
-{
-    if (actionType_)
-        actionType_->setPsi11(value);
-}
-
-void StateAttribute::setPsi21(double value)
-{
-    if (actionType_)
-        actionType_->setPsi21(value);
-}
-
-void StateAttribute::setPsi22(double value)
-{
-    if (actionType_)
-        actionType_->setPsi22(value);
-}
-
-void StateAttribute::setCrackRed(double value)
-{
-    if (actionType_)
-        actionType_->setCrackRed(value);
-}
-
-double StateAttribute::getGammaSupReduced() const
-{
-    return actionType_ ? actionType_->getGammaSupReduced() : 1.0;
-}
-
-double StateAttribute::getGammaInfReduced() const
-{
-    return actionType_ ? actionType_->getGammaInfReduced() : 1.0;
-}
+// clang-format on
 
 std::string StateAttribute::getOperatorString() const
 {
-    switch (getOperator()) {
-    case Operator::AND:
-        return "+";
-    case Operator::OR:
-        return "?";
-    case Operator::AND_MINMAX:
-        return "+(0?)";
-    case Operator::OR_MINMAX:
-        return "?(0?)";
-    case Operator::NONE:
-        return " ";
-    }
-    return " ";
+    const std::string symbol = getOperatorSymbol(getOperator());
+    const std::size_t first = symbol.find_first_not_of(' ');
+    return first == std::string::npos
+               ? symbol
+               : symbol.substr(first, symbol.find_last_not_of(' ') - first + 1);
 }
 
-bool StateAttribute::isActive() const
-{
-    const ZelStandard& standard = *ZelStandard::get();
-    if (!isValidForAllClassifications() && !hasClassification(standard.getClassification()))
-        return false;
-    if (!isValidForAllStandards() && !hasStandard(standard.getMode()))
-        return false;
-    if (!standard.isBridgeClassification())
-        return true;
-    return (isValidForAllBridgeTypes() || hasBridgeType(standard.getBridgeType())) &&
-           isValidForBridgeDesignType();
-}
+bool StateAttribute::isActive() const { return isActiveBy(rejected, *this); }
 
 bool StateAttribute::isValidForBridgeDesignType() const
 {
-    const ZelStandard& standard = *ZelStandard::get();
-    return !standard.isBridgeClassification() ||
-           !isRejected(rejected, standard.getDesignMaterial(), getToken());
+    return isValidForBridgeBy(rejected, *this);
 }
 
 int StateAttribute::operator!=(const StateAttribute& other) const

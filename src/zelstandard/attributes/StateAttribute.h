@@ -1,6 +1,5 @@
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -16,6 +15,9 @@ class ActionType;
 /// A state attribute as the catalogue holds it: bound to the action type whose factors apply to its
 /// load cases, with the groups in which it combines or excludes, and with the design codes,
 /// classifications and bridge types for which it is offered.
+///
+/// Several threads may read attributes that none changes, while none changes their action types or
+/// the settings either.
 class ZELSTANDARD_API StateAttribute : public StateAttributeBase
 {
 public:
@@ -23,8 +25,8 @@ public:
     StateAttribute(StateAttributeToken token, ActionType* actionType);
     /// Copies share the action type, also one that the source owns. Only deleteContentOfList()
     /// deletes an owned one: so never put a copy and its source into such a list both.
-    StateAttribute(const StateAttribute&) = default;
-    StateAttribute& operator=(const StateAttribute&) = default;
+    StateAttribute(const StateAttribute& other);
+    StateAttribute& operator=(const StateAttribute& other);
     ~StateAttribute() override;
 
     /// Copies everything but the instance flag; the action type only when this attribute does not
@@ -57,30 +59,28 @@ public:
     void setCombGroup(int group) { combGroup_ = group; }
 
     // What the attribute is valid for. An empty set means all; "has" is then false all the same. In
-    // a bit field the value v is bit v + 3, and the three lowest bits are unused.
+    // a bit field the value v is bit v + 3, and the three lowest bits are unused; a value that does
+    // not fit has no bit.
 
-    void addStandard(Mode mode) { standards_.insert(mode); }
-    [[nodiscard]] bool hasStandard(Mode mode) const { return standards_.contains(mode); }
-    [[nodiscard]] int getStandardBitField() const;
-    [[nodiscard]] bool isValidForAllStandards() const { return standards_.empty(); }
+    void addStandard(Mode mode) { standards_.add(mode); }
+    [[nodiscard]] bool hasStandard(Mode mode) const { return standards_.has(mode); }
+    [[nodiscard]] int getStandardBitField() const { return standards_.bitField(); }
+    [[nodiscard]] bool isValidForAllStandards() const { return standards_.isEmpty(); }
     void clearStandards() { standards_.clear(); }
 
-    void addClassification(Classification classification)
+    void addClassification(Classification value) { classifications_.add(value); }
+    [[nodiscard]] bool hasClassification(Classification value) const
     {
-        classifications_.insert(classification);
+        return classifications_.has(value);
     }
-    [[nodiscard]] bool hasClassification(Classification classification) const
-    {
-        return classifications_.contains(classification);
-    }
-    [[nodiscard]] int getClassificationBitField() const;
-    [[nodiscard]] bool isValidForAllClassifications() const { return classifications_.empty(); }
+    [[nodiscard]] int getClassificationBitField() const { return classifications_.bitField(); }
+    [[nodiscard]] bool isValidForAllClassifications() const { return classifications_.isEmpty(); }
     void clearClassifications() { classifications_.clear(); }
 
-    void addBridgeType(BridgeType type) { bridgeTypes_.insert(type); }
-    [[nodiscard]] bool hasBridgeType(BridgeType type) const { return bridgeTypes_.contains(type); }
-    [[nodiscard]] int getBridgeTypeBitField() const;
-    [[nodiscard]] bool isValidForAllBridgeTypes() const { return bridgeTypes_.empty(); }
+    void addBridgeType(BridgeType type) { bridgeTypes_.add(type); }
+    [[nodiscard]] bool hasBridgeType(BridgeType type) const { return bridgeTypes_.has(type); }
+    [[nodiscard]] int getBridgeTypeBitField() const { return bridgeTypes_.bitField(); }
+    [[nodiscard]] bool isValidForAllBridgeTypes() const { return bridgeTypes_.isEmpty(); }
     void clearBridgeTypes() { bridgeTypes_.clear(); }
 
     // The factors in force of the action type; setting one changes it for every attribute of that
@@ -130,14 +130,49 @@ public:
     [[nodiscard]] int operator!=(const StateAttribute& other) const;
 
 private:
-    /// The bit of a value, in spite of its name.
-    [[nodiscard]] static int fromBit(int value);
+    /// The bit of a value, in spite of its name; 0 for a value that does not fit.
+    [[nodiscard]] static int fromBit(int value)
+    {
+        const unsigned int place = static_cast<unsigned int>(value) + 3;
+        return place < 32 ? static_cast<int>(1U << place) : 0;
+    }
 
-    template <class Value> static int bitField(const std::set<Value>& values);
+    /// A set of values: those that fit are bits, others are kept in their order.
+    class Validity
+    {
+    public:
+        template <class Value> void add(Value value)
+        {
+            const int number = static_cast<int>(value);
+            bits_ |= fromBit(number);
+            if (!has(value))
+                addOther(number);
+        }
+        template <class Value> [[nodiscard]] bool has(Value value) const
+        {
+            const int number = static_cast<int>(value);
+            const int bit = fromBit(number);
+            return bit ? (bits_ & bit) != 0 : hasOther(number);
+        }
+        [[nodiscard]] int bitField() const { return bits_; }
+        [[nodiscard]] bool isEmpty() const { return bits_ == 0 && others_.empty(); }
+        void clear() { *this = Validity(); }
+        [[nodiscard]] bool operator!=(const Validity& other) const
+        {
+            return bits_ != other.bits_ || others_ != other.others_;
+        }
 
-    std::set<Classification> classifications_;
-    std::set<Mode> standards_;
-    std::set<BridgeType> bridgeTypes_;
+    private:
+        void addOther(int value);
+        [[nodiscard]] bool hasOther(int value) const;
+
+        int bits_ = 0;
+        std::vector<int> others_;
+    };
+
+    Validity classifications_;
+    Validity standards_;
+    Validity bridgeTypes_;
     ActionType* actionType_;
     int exclGroup_ = 0;
     int combGroup_ = 0;

@@ -1,9 +1,8 @@
 #include <zelstandard/attributes/StateAttributeBase.h>
 
-#include <iterator>
-
 #include <zelstandard/platform/ZelText.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
@@ -12,23 +11,6 @@ namespace
 {
 
 constexpr unsigned int noText = 3463;
-
-constexpr bool standInTheOrderOfValues()
-{
-    for (std::size_t i = 0; i < std::size(stateAttributeTokens); ++i)
-        if (static_cast<std::size_t>(stateAttributeTokens[i].value) != i)
-            return false;
-    return true;
-}
-
-static_assert(standInTheOrderOfValues(), "rowOf() takes the value for the index");
-
-/// Null for a value that is no member.
-const StateAttributeTokenRow* rowOf(StateAttributeToken token)
-{
-    const auto index = static_cast<std::size_t>(token);
-    return index < std::size(stateAttributeTokens) ? &stateAttributeTokens[index] : nullptr;
-}
 
 } // namespace
 
@@ -39,6 +21,8 @@ StateAttributeBase::StateAttributeBase(StateAttributeToken token, Operator value
 {
 }
 
+StateAttributeBase::StateAttributeBase(const StateAttributeBase& other) = default;
+StateAttributeBase& StateAttributeBase::operator=(const StateAttributeBase& other) = default;
 StateAttributeBase::~StateAttributeBase() = default;
 
 void StateAttributeBase::setData(const StateAttributeBase* other)
@@ -90,8 +74,8 @@ std::string StateAttributeBase::getReportDescription() const
 
 std::string StateAttributeBase::getPersistenceStringFromToken(StateAttributeToken token)
 {
-    const StateAttributeTokenRow* row = rowOf(token);
-    return row ? row->word : "";
+    const char* word = Words<stateAttributeTokens, 0>::text(token);
+    return word ? word : "";
 }
 
 // By value, as callers know it. NOLINTNEXTLINE(performance-unnecessary-value-param)
@@ -102,8 +86,8 @@ StateAttributeToken StateAttributeBase::getTokenFromPersistenceString(std::strin
 
 unsigned int StateAttributeBase::determineTokenId() const
 {
-    const StateAttributeTokenRow* row = rowOf(token_);
-    return row ? row->nameTextId : noText;
+    const unsigned int id = textIdOf<stateAttributeTokens>(token_);
+    return id ? id : noText;
 }
 
 unsigned int StateAttributeBase::determineDescriptionId() const

@@ -10,14 +10,16 @@ namespace Standard
 
 /// The tag that a load case carries for superposition: a token, how load cases with it are
 /// superposed, and its types.
+///
+/// Several threads may read an object that none changes.
 class ZELSTANDARD_API StateAttributeBase
 {
 public:
     /// Operator AND unless given, type DEFAULT, load type UNDEFINED.
     explicit StateAttributeBase(StateAttributeToken token);
     StateAttributeBase(StateAttributeToken token, Operator value);
-    StateAttributeBase(const StateAttributeBase&) = default;
-    StateAttributeBase& operator=(const StateAttributeBase&) = default;
+    StateAttributeBase(const StateAttributeBase& other);
+    StateAttributeBase& operator=(const StateAttributeBase& other);
     virtual ~StateAttributeBase();
 
     [[nodiscard]] StateAttributeToken getToken() const { return token_; }

@@ -1,13 +1,16 @@
 #include <zelstandard/attributes/StateAttributeManager.h>
 
+#include <array>
 #include <fstream>
 #include <memory>
+#include <sstream>
 
 #include <zelstandard/actions/ActionTypeManager.h>
 #include <zelstandard/attributes/StateAttributeReader.h>
 #include <zelstandard/attributes/StateAttributeWriter.h>
-#include <zelstandard/datafiles/DataFile.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
 #include <zelstandard/platform/Tools.h>
+#include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
 namespace Standard
@@ -17,6 +20,10 @@ StateAttributeManager::StateAttributeManager(ActionTypeManager* actionTypes)
     : actionTypes_(actionTypes)
 {
 }
+
+StateAttributeManager::StateAttributeManager(const StateAttributeManager& other) = default;
+StateAttributeManager&
+StateAttributeManager::operator=(const StateAttributeManager& other) = default;
 
 StateAttributeManager::~StateAttributeManager() { reset(); }
 
@@ -30,20 +37,27 @@ void StateAttributeManager::reset()
 
 void StateAttributeManager::add(StateAttributeToken token, ActionType* actionType)
 {
-    if (findStateAttributeToToken(token))
-        return;
-    auto made = std::make_unique<StateAttribute>(token, actionType);
-    attributes_.push_back(made.get());
-    made.release();
+    if (!findStateAttributeToToken(token))
+        append(token, actionType);
 }
 
 StateAttribute* StateAttributeManager::giveStateAttribute(StateAttributeToken token,
                                                           ActionTypeId actionType)
 {
-    if (StateAttribute* attribute = findStateAttributeToToken(token))
-        return attribute;
-    add(token, actionTypes_ ? actionTypes_->findActionType(actionType) : nullptr);
-    return attributes_.back();
+    StateAttribute* attribute = findStateAttributeToToken(token);
+    return attribute ? attribute : append(token, actionType);
+}
+
+StateAttribute* StateAttributeManager::append(StateAttributeToken token, ActionType* actionType)
+{
+    auto made = std::make_unique<StateAttribute>(token, actionType);
+    attributes_.push_back(made.get());
+    return made.release();
+}
+
+StateAttribute* StateAttributeManager::append(StateAttributeToken token, ActionTypeId actionType)
+{
+    return append(token, actionTypes_ ? actionTypes_->findActionType(actionType) : nullptr);
 }
 
 StateAttribute* StateAttributeManager::findStateAttributeToToken(StateAttributeToken token) const
@@ -86,15 +100,18 @@ void StateAttributeManager::init(const std::string& path)
     const auto stream = openDataFile(path);
     if (!stream)
         return;
-    reset();
+    ZelXmlTree tree;
     if (stream->good())
-        StateAttributeReader(this).readXml(*stream);
+        tree.buildOfStream(*stream);
+    init(tree);
 }
 
 void StateAttributeManager::init(const ZelXmlTree& tree)
 {
-    reset();
-    StateAttributeReader(this).readXml(tree);
+    StateAttributeManager read(actionTypes_); // aside, so that the contents stay when memory ends
+    StateAttributeReader(&read).readXml(tree);
+    attributes_.swap(read.attributes_);
+    current_ = nullptr;
 }
 
 void StateAttributeManager::output(std::ostream& stream)
@@ -106,8 +123,14 @@ void StateAttributeManager::output(ZelXmlTree& tree) { StateAttributeWriter(this
 
 void StateAttributeManager::output(const std::string& path)
 {
-    std::ofstream file(path);
-    output(file);
+    std::ostringstream text;
+    text.exceptions(std::ios::badbit); // set when there is no memory
+    output(text);
+    std::array<char, 8192> buffer; // the stream needs no memory from when it has the file open
+    std::ofstream file;
+    file.rdbuf()->pubsetbuf(buffer.data(), buffer.size());
+    file.open(path);
+    file << text.view();
 }
 
 } // namespace Standard

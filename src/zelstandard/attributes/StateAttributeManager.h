@@ -19,13 +19,15 @@ class ActionTypeManager;
 ///
 /// A copy shares the attributes, and every destructor deletes them: this is wanted, and it means
 /// that of a catalogue and its copies only one may ever be destroyed, reset or read anew.
+///
+/// Several threads may read a catalogue that none changes.
 class ZELSTANDARD_API StateAttributeManager
 {
 public:
     /// Empty. The catalogue of action types is not owned; with null, attributes get no action type.
     explicit StateAttributeManager(ActionTypeManager* actionTypes);
-    StateAttributeManager(const StateAttributeManager&) = default;
-    StateAttributeManager& operator=(const StateAttributeManager&) = default;
+    StateAttributeManager(const StateAttributeManager& other);
+    StateAttributeManager& operator=(const StateAttributeManager& other);
     ~StateAttributeManager();
 
     /// Deletes all attributes; the action types stay. There is no current attribute then.
@@ -58,7 +60,7 @@ public:
 
     /// Replaces the contents by those of a state attribute file, plain or enciphered. Nothing is
     /// reported: a missing file keeps the contents; one that cannot be opened, deciphered or parsed
-    /// leaves the catalogue empty.
+    /// leaves the catalogue empty. When memory ends, the contents stay as they were.
     void init(const std::string& path);
     void init(const ZelXmlTree& tree);
 
@@ -66,10 +68,16 @@ public:
 
     void output(std::ostream& stream);
     void output(ZelXmlTree& tree);
-    /// Writes over the file directly, without a temporary one.
+    /// Writes over the file directly, without a temporary one. The text is whole before the file is
+    /// opened.
     void output(const std::string& path);
 
 private:
+    friend class StateAttributeReader;
+
+    StateAttribute* append(StateAttributeToken token, ActionType* actionType);
+    StateAttribute* append(StateAttributeToken token, ActionTypeId actionType);
+
     ActionTypeManager* actionTypes_;
     std::vector<StateAttribute*> attributes_;
     StateAttribute* current_ = nullptr;

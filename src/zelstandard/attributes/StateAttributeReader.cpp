@@ -1,8 +1,11 @@
 #include <zelstandard/attributes/StateAttributeReader.h>
 
-#include <zelstandard/attributes/StateAttributeElements.h>
+#include <cstring>
+
 #include <zelstandard/attributes/StateAttributeManager.h>
-#include <zelstandard/datafiles/XmlDocument.h>
+#include <zelstandard/attributes/detail/StateAttributeElements.h>
+#include <zelstandard/attributes/detail/Tokens.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
@@ -10,6 +13,21 @@ namespace Standard
 {
 
 using Constants::Label;
+
+namespace
+{
+
+/// Adds the value of each element of the table that stands below the parent.
+template <class Value, std::size_t count, class Add>
+void readSet(const ZelXmlData* parent, const SetElement<Value> (&elements)[count], Add add)
+{
+    for (const ZelXmlData* child : ChildElements(parent))
+        for (const auto& [value, name] : elements)
+            if (std::strcmp(ZelXmlData::getName(child), name) == 0)
+                add(value);
+}
+
+} // namespace
 
 void StateAttributeReader::readXml(std::istream& stream)
 {
@@ -20,25 +38,32 @@ void StateAttributeReader::readXml(std::istream& stream)
 
 void StateAttributeReader::readXml(const ZelXmlTree& tree)
 {
+    XMLUtil& words = *XMLUtil::get();
+    auto known = firstOfEachToken(manager_);
     const ZelXmlData* list = ZelXmlData::findTree(tree.getRoot(), Label::StateAttributes, true);
-    for (const ZelXmlData* element : ChildElements(list))
-        readStateAttribute(element);
+    for (const ZelXmlData* element : ChildElements(list)) {
+        const StateAttributeToken token = words.getStateAttrTokenToString(nameOf(element));
+        StateAttribute*& attribute = known[static_cast<std::size_t>(token)];
+        if (!attribute)
+            attribute = manager_->append(
+                token, words.getActionTypeIDToString(
+                           ZelXmlDataUtil::getChildString(element, Label::ActionType)));
+        readStateAttribute(element, *attribute);
+    }
 }
 
-void StateAttributeReader::readStateAttribute(const ZelXmlData* element)
+void StateAttributeReader::readStateAttribute(const ZelXmlData* element, StateAttribute& attribute)
 {
     XMLUtil& words = *XMLUtil::get();
-    const auto word = [&](const char* name) {
-        return ZelXmlDataUtil::getChildString(element, name);
-    };
-    StateAttribute& attribute =
-        *manager_->giveStateAttribute(words.getStateAttrTokenToString(nameOf(element)),
-                                      words.getActionTypeIDToString(word(Label::ActionType)));
-    attribute.setOperator(words.getOperatorToString(word(Label::Operator)));
-    attribute.setType(words.getAttributeTypeToString(word(Label::Type)));
-    attribute.setLoadType(words.getAttributeLoadTypeToString(word(Label::LoadType)));
+    const auto [operation, type, loadType, kind, combGroup] =
+        firstChildren(element, std::array{Label::Operator, Label::Type, Label::LoadType,
+                                          Label::Classification, Label::CombGroup});
+    const auto word = [](const ZelXmlData* child) { return ZelXmlData::getData(child); };
+    attribute.setOperator(words.getOperatorToString(word(operation)));
+    attribute.setType(words.getAttributeTypeToString(word(type)));
+    attribute.setLoadType(words.getAttributeLoadTypeToString(word(loadType)));
 
-    const std::string classification = word(Label::Classification);
+    const std::string classification = word(kind);
     if (classification == Label::Building)
         attribute.addClassification(Classification::BUILDING);
     else if (classification == Label::Bridge)
@@ -47,19 +72,15 @@ void StateAttributeReader::readStateAttribute(const ZelXmlData* element)
         attribute.clearClassifications();
 
     attribute.clearStandards();
-    const ZelXmlData* standards = ZelXmlData::findTree(element, standardElement, true);
-    for (const auto& [name, mode] : standardElements)
-        if (ZelXmlData::findChild(standards, name))
-            attribute.addStandard(mode);
+    readSet(ZelXmlData::findTree(element, standardElement, true), standardElements,
+            [&](Mode mode) { attribute.addStandard(mode); });
 
     attribute.clearBridgeTypes();
-    const ZelXmlData* bridgeTypes = ZelXmlData::findTree(element, Label::BridgeType, true);
-    for (const auto& [name, type] : bridgeTypeElements)
-        if (ZelXmlData::findChild(bridgeTypes, name))
-            attribute.addBridgeType(type);
+    readSet(ZelXmlData::findTree(element, Label::BridgeType, true), bridgeTypeElements,
+            [&](BridgeType bridgeType) { attribute.addBridgeType(bridgeType); });
 
     attribute.setExclGroup(ZelXmlDataUtil::getChildInt(element, Label::ExclGroup));
-    attribute.setCombGroup(words.getComboGroupToString(word(Label::CombGroup)));
+    attribute.setCombGroup(words.getComboGroupToString(word(combGroup)));
 }
 
 } // namespace Standard

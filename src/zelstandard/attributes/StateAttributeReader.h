@@ -10,6 +10,7 @@ class ZelXmlTree;
 namespace Standard
 {
 
+class StateAttribute;
 class StateAttributeManager;
 
 /// Reads a state attribute document into a catalogue.
@@ -31,6 +32,8 @@ class StateAttributeManager;
 /// replaces everything else, save that its classification adds to the earlier one. Nothing is
 /// reported; what is missing or unknown becomes what XMLUtil gives for it: an attribute without
 /// OPERATOR gets the operator -1, which is no member and counts as an operator.
+///
+/// One thread may read into a catalogue at a time, and none use it meanwhile.
 class ZELSTANDARD_API StateAttributeReader
 {
 public:
@@ -41,7 +44,7 @@ public:
     void readXml(const ZelXmlTree& tree);
 
 private:
-    void readStateAttribute(const ZelXmlData* element);
+    static void readStateAttribute(const ZelXmlData* element, StateAttribute& attribute);
 
     StateAttributeManager* manager_;
 };

@@ -13,6 +13,8 @@ class StateAttribute;
 /// concrete and composite bridges, and has no more than the rules of concrete bridges for steel
 /// girders with a concrete slab. Both sets of rules are wanted, for different callers; they are
 /// never merged.
+///
+/// Several threads may ask while none changes the attribute or the settings.
 class ZELSTANDARD_API StateAttributeValidator
 {
 public:

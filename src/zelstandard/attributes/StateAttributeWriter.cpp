@@ -1,13 +1,12 @@
 #include <zelstandard/attributes/StateAttributeWriter.h>
 
-#include <vector>
-
 #include <zelstandard/actions/ActionType.h>
-#include <zelstandard/attributes/StateAttributeElements.h>
 #include <zelstandard/attributes/StateAttributeManager.h>
-#include <zelstandard/datafiles/XmlDocument.h>
+#include <zelstandard/attributes/detail/StateAttributeElements.h>
+#include <zelstandard/datafiles/detail/XmlDocument.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
+#include <zelstandard/vocabulary/detail/Words.h>
 
 namespace Standard
 {
@@ -21,7 +20,7 @@ namespace
 template <class Value, std::size_t count, class Has>
 void writeSet(ZelXmlData* parent, const SetElement<Value> (&elements)[count], Has has)
 {
-    for (const auto& [name, value] : elements) {
+    for (const auto& [value, name] : elements) {
         if (has(value))
             ZelXmlData::openChild(parent, name, false);
         else
@@ -55,17 +54,15 @@ void StateAttributeWriter::writeXML(ZelXmlTree& tree)
 
 void StateAttributeWriter::writeStateAttributes(ZelXmlData* parent)
 {
-    XMLUtil& words = *XMLUtil::get();
-    std::vector<ZelXmlData*> written;
-    for (const StateAttribute* attribute : manager_->getAttributes()) {
-        ZelXmlData* element = giveNamedChild(
-            parent, Label::StateAttribute, words.getStringToStateAttrToken(attribute->getToken()));
-        writeStateAttribute(element, *attribute);
-        written.push_back(element);
-    }
-    removeRivals(parent, written, [&](const std::string& name) {
-        return manager_->findStateAttributeToToken(words.getStateAttrTokenToString(name)) !=
-               nullptr;
+    using Tokens = Words<stateAttributeTokens, 0>;
+    WrittenChildren children(parent, Label::StateAttribute);
+    for (const auto& [name, attribute] :
+         byWord(manager_->getAttributes(),
+                [](const StateAttribute& one) { return Tokens::word(one.getToken()); }))
+        writeStateAttribute(children.give(name), *attribute);
+    children.removeRivals([&](const std::string& name) {
+        const auto* row = Tokens::find(name);
+        return row && manager_->findStateAttributeToToken(row->value);
     });
 }
 
@@ -79,10 +76,15 @@ void StateAttributeWriter::writeStateAttribute(ZelXmlData* element, const StateA
     setChild(element, Label::Type, words.getStringToAttributeType(attribute.getType()));
     setChild(element, Label::LoadType, words.getStringToAttributeLoadType(attribute.getLoadType()));
     setChild(element, Label::Classification, std::string(classificationWord(attribute)));
-    writeSet(giveTree(element, standardElement), standardElements,
-             [&](Mode mode) { return attribute.hasStandard(mode); });
-    writeSet(giveTree(element, Label::BridgeType), bridgeTypeElements,
-             [&](BridgeType bridgeType) { return attribute.hasBridgeType(bridgeType); });
+    writeTrees(element, std::array{standardElement, Label::BridgeType},
+               [&](std::size_t i, ZelXmlData* set) {
+                   if (i == 0)
+                       writeSet(set, standardElements,
+                                [&](Mode mode) { return attribute.hasStandard(mode); });
+                   else
+                       writeSet(set, bridgeTypeElements,
+                                [&](BridgeType bridge) { return attribute.hasBridgeType(bridge); });
+               });
     setChild(element, Label::ExclGroup, attribute.getExclGroup());
     const std::string combGroup = words.getStringToComboGroupType(attribute.getCombGroup());
     setChild(element, Label::CombGroup, combGroup == "-" ? std::string("0") : combGroup);
