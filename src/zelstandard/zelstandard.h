@@ -19,6 +19,7 @@
 #include <zelstandard/instructions/StateInstructionReader.h>
 #include <zelstandard/material/Coefficients.h>
 #include <zelstandard/material/Control.h>
+#include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/vocabulary/Constants.h>
 #include <zelstandard/vocabulary/Enumerations.h>
 #include <zelstandard/vocabulary/OperatorTexts.h>

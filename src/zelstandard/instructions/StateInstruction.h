@@ -15,14 +15,16 @@ namespace Standard
 ///
 /// A copy shares the attributes, and every destructor deletes them: this is wanted, and it means
 /// that of an instruction and its copies only one may be destroyed with its list intact.
+///
+/// Several threads may read an object that none changes.
 class ZELSTANDARD_API StateInstruction
 {
 public:
     /// No attributes, not deletable.
     explicit StateInstruction(InstructionType type);
-    StateInstruction(const StateInstruction&) = default;
+    StateInstruction(const StateInstruction& other);
     /// The attributes that this instruction held are not deleted.
-    StateInstruction& operator=(const StateInstruction&) = default;
+    StateInstruction& operator=(const StateInstruction& other);
     virtual ~StateInstruction();
 
     /// Appends an attribute, which the instruction then owns; a token may occur twice.
@@ -47,6 +49,8 @@ public:
     [[nodiscard]] std::string getName() const;
 
 private:
+    friend class StateInstructionReader;
+
     [[nodiscard]] zelt::Nullable<unsigned int> getTextId() const;
 
     std::vector<StateAttributeBase*> attributes_;

@@ -6,7 +6,7 @@
 
 #include <zelstandard/attributes/StateAttributeManager.h>
 #include <zelstandard/context/ZelStandard.h>
-#include <zelstandard/datafiles/DataFile.h>
+#include <zelstandard/datafiles/detail/DataFile.h>
 #include <zelstandard/instructions/StateInstructionReader.h>
 
 namespace Standard
@@ -43,9 +43,19 @@ StateInstructionManager::StateInstructionManager(StateAttributeManager* attribut
     : attributes_(attributes)
 {
     const auto stream = openInputFile(ZelStandard::get()->getDataBaseDir());
-    if (stream->good())
+    if (!stream->good())
+        return;
+    try {
         read(*stream);
+    } catch (...) {
+        killStateInstructions(); // no destructor follows
+        throw;
+    }
 }
+
+StateInstructionManager::StateInstructionManager(const StateInstructionManager& other) = default;
+StateInstructionManager&
+StateInstructionManager::operator=(const StateInstructionManager& other) = default;
 
 StateInstructionManager::~StateInstructionManager() { killStateInstructions(); }
 
@@ -73,11 +83,10 @@ StateInstruction* StateInstructionManager::giveStateInstruction(InstructionType 
 {
     if (StateInstruction* instruction = findStateInstruction(type, id))
         return instruction;
-    List* list = listOf(id);
-    if (!list)
+    if (!listOf(id))
         return nullptr;
     auto made = std::make_unique<StateInstruction>(type);
-    list->push_back(made.get());
+    instructions_[static_cast<std::size_t>(id)].push_back(made.get());
     return made.release();
 }
 
@@ -96,7 +105,7 @@ bool StateInstructionManager::deleteStateInstruction(InstructionType type, Super
     const std::unique_ptr<StateInstruction> instruction(findStateInstruction(type, id));
     if (!instruction)
         return false;
-    List& list = *listOf(id);
+    List& list = instructions_[static_cast<std::size_t>(id)];
     list.erase(std::ranges::find(list, instruction.get()));
     return true;
 }
@@ -145,12 +154,6 @@ void StateInstructionManager::read(const ZelXmlTree& tree)
 }
 
 const StateInstructionManager::List* StateInstructionManager::listOf(SuperpositionTemplate id) const
-{
-    const auto index = static_cast<std::size_t>(id);
-    return index < instructions_.size() ? &instructions_[index] : nullptr;
-}
-
-StateInstructionManager::List* StateInstructionManager::listOf(SuperpositionTemplate id)
 {
     const auto index = static_cast<std::size_t>(id);
     return index < instructions_.size() ? &instructions_[index] : nullptr;

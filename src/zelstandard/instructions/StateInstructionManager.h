@@ -20,6 +20,8 @@ class StateAttributeManager;
 ///
 /// A copy shares the instructions, and every destructor deletes them: this is wanted, and it means
 /// that of a catalogue and its copies only one may ever be destroyed.
+///
+/// Several threads may read a catalogue that none changes.
 class ZELSTANDARD_API StateInstructionManager
 {
 public:
@@ -30,8 +32,8 @@ public:
     /// enciphered; a missing or unreadable file leaves the catalogue empty.
     /// @param attributes gives new entries their types; not owned, may be null
     explicit StateInstructionManager(StateAttributeManager* attributes);
-    StateInstructionManager(const StateInstructionManager&) = default;
-    StateInstructionManager& operator=(const StateInstructionManager&) = default;
+    StateInstructionManager(const StateInstructionManager& other);
+    StateInstructionManager& operator=(const StateInstructionManager& other);
     ~StateInstructionManager();
 
     /// The template for a code, classification and material. Only DIN-1988 selects the DIN
@@ -71,11 +73,12 @@ public:
     void read(const ZelXmlTree& tree);
 
 private:
+    friend class StateInstructionReader;
+
     using List = std::vector<StateInstruction*>;
 
     /// Null for a template that is no member.
     [[nodiscard]] const List* listOf(SuperpositionTemplate id) const;
-    [[nodiscard]] List* listOf(SuperpositionTemplate id);
 
     StateAttributeManager* attributes_;
     std::array<List, NumberOfSuperpositionTemplates> instructions_;

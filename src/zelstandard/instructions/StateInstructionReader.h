@@ -1,7 +1,6 @@
 #pragma once
 
 #include <iosfwd>
-#include <memory>
 
 #include <zelstandard/Export.h>
 
@@ -31,24 +30,23 @@ class StateInstructionManager;
 /// instruction decides its operator. Nothing is reported: an instruction without STATEATTRIBUTES
 /// stays without attributes, and unknown words become what XMLUtil gives for them (no TEMPLATE is
 /// DIN-BUILDING, no TYPE is NONE).
+///
+/// One thread may read into a catalogue at a time, and none use it meanwhile.
 class ZELSTANDARD_API StateInstructionReader
 {
 public:
-    /// The catalogue is not owned. One reader serves one document: its blocks stay as long as it
-    /// does.
+    /// The catalogue is not owned.
     explicit StateInstructionReader(StateInstructionManager* manager);
+    // In the library, for callers that find it by name. NOLINTNEXTLINE(performance-trivially-*)
     ~StateInstructionReader();
-    StateInstructionReader(const StateInstructionReader&) = delete;
-    StateInstructionReader& operator=(const StateInstructionReader&) = delete;
 
+    /// Each document has its own blocks. When memory ends, what was read stays; reading the
+    /// document again adds the rest.
     void readXml(std::istream& stream);
     void readXml(const ZelXmlTree& tree);
 
 private:
-    struct Blocks;
-
     StateInstructionManager* manager_;
-    std::unique_ptr<Blocks> blocks_;
 };
 
 } // namespace Standard
