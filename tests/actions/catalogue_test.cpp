@@ -95,6 +95,10 @@ TEST(Catalogue, FindsTheFirstOfAnIdentityAndMakesWhatIsMissingButNone)
     EXPECT_EQ(catalogue.giveActionType(ActionType::Id::P), made);
     EXPECT_EQ(catalogue.giveActionType(ActionType::Id::NONE), none);
     EXPECT_EQ(catalogue.getActionTypes().size(), 4U);
+
+    *made = ActionType(ActionType::Id::T); // an assignment changes the identity
+    EXPECT_EQ(catalogue.findActionType(ActionType::Id::T), made);
+    EXPECT_EQ(catalogue.findActionType(ActionType::Id::P), catalogue.getActionTypes()[1]);
 }
 
 TEST(Catalogue, ReplacingAssignsToTheFirstOfTheIdentity)

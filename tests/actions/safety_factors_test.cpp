@@ -8,7 +8,6 @@ using Standard::SafetyFactors;
 using support::FactorField;
 using support::text;
 
-static_assert(std::is_trivially_copyable_v<SafetyFactors>);
 static_assert(std::is_same_v<decltype(SafetyFactors() != SafetyFactors()), int>);
 static_assert(std::is_same_v<decltype(SafetyFactors() == SafetyFactors()), int>);
 

@@ -95,19 +95,20 @@ TEST(WritingIntoATree, WhatIsReadAgainIsTheCatalogueWhateverStoodThere)
 
 TEST(WritingIntoATree, KeepsWhatItDoesNotKnow)
 {
-    ActionTypeManager catalogue = readCatalogue(R"(<ACTIONTYPES>
+    // Of two types of one identity the last counts.
+    ActionTypeManager catalogue = readCatalogue(R"(<ACTIONTYPES><ACTIONTYPE NAME="SNOW"/>
         <ACTIONTYPE NAME="SNOW"><ANNEXES>
           <ANNEX NAME="EC"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.5</PSI0> </CLASSIFICATION></ANNEX>
           <ANNEX NAME="BS"/></ANNEXES></ACTIONTYPE></ACTIONTYPES>)");
     EXPECT_EQ(writtenInto(R"(<!-- first -->
 <SMOD author="us"><SETTINGS/><!-- types -->
   <ACTIONTYPES version="2">
-    <ACTIONTYPE NAME="WIND_CST"><ANNEXES/></ACTIONTYPE>
+    <ACTIONTYPE NAME="WIND_CST"><ANNEXES/></ACTIONTYPE><ACTIONTYPE NAME="MINE"/><ACTIONTYPE/>
     <ACTIONTYPE colour="white" NAME="SNOW"><!-- of snow --><NOTE>on roofs</NOTE>
       <LOADDURATION unit="none">LONGTERM</LOADDURATION>
-      <ANNEXES>
-        <ANNEX NAME="BS"><!-- of BS --><SOURCE>NA</SOURCE><CLASSIFICATION NAME="BUILDING"/></ANNEX>
+      <MORE><ANNEXES>
         <ANNEX NAME="SIA"/>
+        <ANNEX NAME="BS"><!-- of BS --><SOURCE>NA</SOURCE><CLASSIFICATION NAME="BUILDING"/></ANNEX>
         <ANNEX NAME="ELSEWHERE"/>
         <ANNEX NAME="EC" since="1990">
           <CLASSIFICATION NAME="BUILDING">
@@ -115,7 +116,7 @@ TEST(WritingIntoATree, KeepsWhatItDoesNotKnow)
           </CLASSIFICATION>
           <CLASSIFICATION NAME="TUNNEL"/>
         </ANNEX>
-      </ANNEXES>
+      </ANNEXES></MORE>
     </ACTIONTYPE>
   </ACTIONTYPES>
 </SMOD>)",
@@ -129,34 +130,38 @@ TEST(WritingIntoATree, KeepsWhatItDoesNotKnow)
     <ACTIONTYPE NAME="WIND_CST">
       <ANNEXES />
     </ACTIONTYPE>
+    <ACTIONTYPE NAME="MINE" />
+    <ACTIONTYPE />
     <ACTIONTYPE colour="white" NAME="SNOW">
       <!-- of snow -->
       <NOTE>on roofs</NOTE>
       <LOADDURATION unit="none">MEDIUMTERM</LOADDURATION>
-      <ANNEXES>
-        <ANNEX NAME="EC" since="1990">
-          <CLASSIFICATION NAME="BUILDING">
-            <!-- of psi0 -->
-            <PSI0 table="A1.1">0.50</PSI0>
-            <PSI3>1</PSI3>
-            <GAMMA_SUP>0.00</GAMMA_SUP>
-            <GAMMA_INF>0.00</GAMMA_INF>
-            <PSI1>0.00</PSI1>
-            <PSI2>0.00</PSI2>
-            <PSI11>0.00</PSI11>
-            <PSI21>0.00</PSI21>
-            <PSI22>0.00</PSI22>
-            <CrackRed>1.000</CrackRed>
-          </CLASSIFICATION>
-          <CLASSIFICATION NAME="TUNNEL" />
-        </ANNEX>
-        <ANNEX NAME="BS">
-          <!-- of BS -->
-          <SOURCE>NA</SOURCE>
-        </ANNEX>
-        <ANNEX NAME="SIA" />
-        <ANNEX NAME="ELSEWHERE" />
-      </ANNEXES>
+      <MORE>
+        <ANNEXES>
+          <ANNEX NAME="SIA" />
+          <ANNEX NAME="EC" since="1990">
+            <CLASSIFICATION NAME="BUILDING">
+              <!-- of psi0 -->
+              <PSI0 table="A1.1">0.50</PSI0>
+              <PSI3>1</PSI3>
+              <GAMMA_SUP>0.00</GAMMA_SUP>
+              <GAMMA_INF>0.00</GAMMA_INF>
+              <PSI1>0.00</PSI1>
+              <PSI2>0.00</PSI2>
+              <PSI11>0.00</PSI11>
+              <PSI21>0.00</PSI21>
+              <PSI22>0.00</PSI22>
+              <CrackRed>1.000</CrackRed>
+            </CLASSIFICATION>
+            <CLASSIFICATION NAME="TUNNEL" />
+          </ANNEX>
+          <ANNEX NAME="BS">
+            <!-- of BS -->
+            <SOURCE>NA</SOURCE>
+          </ANNEX>
+          <ANNEX NAME="ELSEWHERE" />
+        </ANNEXES>
+      </MORE>
       <ACTIONGROUP>NONE</ACTIONGROUP>
     </ACTIONTYPE>
   </ACTIONTYPES>

@@ -264,7 +264,7 @@ TEST(AttributeFile, IsWrittenIntoATreeSoThatItReadsBack)
                    "EXCLGROUP=1 COMBGROUP=0");
     // A set in an unknown element.
     expectSnow("<ANY><STANDARD><CSN/></STANDARD></ANY><BRIDGETYPE/>",
-               "ANY BRIDGETYPE(ROADWAY) " + start + "STANDARD(EC) EXCLGROUP=1 COMBGROUP=0");
+               "ANY(STANDARD(EC)) BRIDGETYPE(ROADWAY) " + start + "EXCLGROUP=1 COMBGROUP=0");
     // A set inside of another.
     expectSnow("<BRIDGETYPE><RAILWAY1><STANDARD/></RAILWAY1></BRIDGETYPE>",
                "BRIDGETYPE(ROADWAY) " + start + "STANDARD(EC) EXCLGROUP=1 COMBGROUP=0");

@@ -16,7 +16,7 @@ TEST(AttributeNames, AreTextsThatLeadToOneTokenInEveryLanguage)
         attributes->add(Token{token}, nullptr);
         table += std::to_string(token) + " " +
                  StateAttributeBase::getPersistenceStringFromToken(Token{token}) + " " +
-                 std::to_string(Standard::stateAttributeTokens[token].nameTextId) + "\n";
+                 std::to_string(Standard::stateAttributeTokens[token].textId) + "\n";
     }
     support::expectGolden("attribute_names.txt", table);
 
@@ -24,7 +24,7 @@ TEST(AttributeNames, AreTextsThatLeadToOneTokenInEveryLanguage)
         ASSERT_TRUE(zelsuite::setLanguage(language));
         for (const auto* attribute : attributes->getAttributes()) {
             const int token = static_cast<int>(attribute->getToken());
-            const auto id = Standard::stateAttributeTokens[token].nameTextId;
+            const auto id = Standard::stateAttributeTokens[token].textId;
             const std::string name = attribute->getName();
             const std::string reportName = attribute->getReportName();
             SCOPED_TRACE(name);

@@ -38,7 +38,7 @@ inline constexpr Structure structures[] = {
 inline std::vector<Standard::Mode> codes()
 {
     std::vector<Standard::Mode> result;
-    for (const auto& row : Standard::modeWords)
+    for (const auto& row : Standard::designCodes)
         if (row.value != Standard::Mode::NO_CODE)
             result.push_back(row.value);
     return result;

@@ -135,7 +135,7 @@ TEST(SchemaWords, AreThoseOfTheLibrary)
     const support::FreshContext context;
     using X = XMLUtil;
     Schema schema;
-    schema.add("Mode", "Design code", modeWords, &X::getModeToString);
+    schema.add("Mode", "Design code", designCodes, &X::getModeToString);
     constexpr Word<Classification> classificationWords[] = {
         {Classification::BUILDING, "BUILDING"},
         {Classification::BRIDGE,   "BRIDGE"  },

@@ -155,9 +155,12 @@ TEST_P(OutputStreamFiles, AreMovedToTheTargetWithThePermissionsThatTheUmaskGives
 
 TEST_P(OutputStreamFiles, KeepTheTextWhenTheTargetsDirectoryIsMissing)
 {
-    write(directory_.file("missing/target.txt"), longText);
-    EXPECT_EQ(onlyTemporaryText(), longText);
-    EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>());
+    for (const char* path : {"missing/target.txt", "missing\\target.txt"}) {
+        write(directory_.file(path), longText);
+        EXPECT_EQ(onlyTemporaryText(), longText) << path;
+        EXPECT_EQ(namesIn(directory_.path()), std::vector<std::string>()) << path;
+        fs::remove(temporary_->path() / namesIn(temporary_->path()).at(0));
+    }
 }
 
 TEST_P(OutputStreamFiles, KeepTheTextWhenTheTargetIsADirectory)

@@ -129,7 +129,7 @@ TEST_F(InstructionCatalogue, ReadsTheSettingsFileWhenItIsMade)
     EXPECT_EQ(contents(StateInstructionManager(nullptr)), "EC-BUILDING RARE: \n");
 
     // Never deciphered.
-    context_->setAlternativeDBPath(directory.write("rules.age", support::enciphered(document)));
+    context_->setAlternativeDBPath(directory.write("rules.enc", support::enciphered(document)));
     EXPECT_EQ(contents(StateInstructionManager(nullptr)), "");
 
     context_->setAlternativeDBPath("");

@@ -157,8 +157,11 @@ TEST_F(RuleReading, AddsToTheCatalogueAndLeavesTheBlocksBehind)
     rare->setDeletable(true);
 
     const std::string rules = blocks(block("a", snow)) + rule("<E NAME=\"G1\"/>" + v);
-    support::read(catalogue, element("STATEINSTRUCTIONS", rules));
-    support::read(catalogue, element("STATEINSTRUCTIONS", rule(blocks("<a/>"))));
+    Standard::StateInstructionReader reader(&catalogue);
+    for (const std::string& document : {rules, rule(blocks("<a/>"))}) {
+        std::istringstream stream(element("STATEINSTRUCTIONS", document));
+        reader.readXml(stream);
+    }
     EXPECT_EQ(contents(catalogue), "EC-BUILDING RARE: V OR, G1 -\n");
     EXPECT_FALSE(rare->isDeletable()) << "what a file gives is not deletable";
     EXPECT_EQ(static_cast<int>(rare->getAttributes().at(1)->getOperator()), -1);

@@ -161,7 +161,7 @@ TEST_F(CoefficientsReading, OfAFile)
     // The last one is never deciphered.
     for (const std::string& path :
          {directory.file("missing.xml"), directory.path().string(), std::string(),
-          directory.write("coefficients.age", enciphered(document))})
+          directory.write("coefficients.enc", enciphered(document))})
         Coefficients::get()->input(path);
     EXPECT_EQ(values(gammaC), "0 0 0");
 

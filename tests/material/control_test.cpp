@@ -150,7 +150,7 @@ TEST_F(ControlTest, ReadsAndReplacesFiles)
     Control::input(directory.file("missing.xml"));
     Control::input(directory.path().string());
     // Never deciphered.
-    Control::input(directory.write("control.age", enciphered(controlSettings)));
+    Control::input(directory.write("control.enc", enciphered(controlSettings)));
     EXPECT_EQ(records(), before);
 
     const std::string path = directory.write("control.xml", "<SMOD><OWN>lost</OWN></SMOD>");

@@ -116,16 +116,20 @@ TEST_F(PosixFiles, TakeABackslashAsASeparatorWhenThereIsSuchAFolder)
     EXPECT_FALSE(fs::exists(here_.file("zel/Profiles/Standard.xml")));
 }
 
-TEST_F(PosixFiles, TakeABackslashAsACharacterWhereThereIsNoSuchFolder)
+TEST_F(PosixFiles, FailWhereThereIsNoFolderInEitherSpelling)
 {
+    fs::create_directory(here_.file("c\\d"));
+    ASSERT_NE(MoveFileA(here_.write("a", "x").c_str(), here_.file("c\\d\\e").c_str()), FALSE);
+    EXPECT_EQ(support::readFile(here_.file("c\\d/e")), "x") << "a folder of that very name";
+
     const std::string from = here_.write("from", "x");
     const std::string odd = here_.file("a\\b.xml");
-    ASSERT_NE(MoveFileA(from.c_str(), odd.c_str()), FALSE);
-    EXPECT_EQ(support::readFile(odd), "x");
-
-    fs::create_directory(here_.file("c\\d"));
-    ASSERT_NE(MoveFileA(odd.c_str(), here_.file("c\\d\\e").c_str()), FALSE);
-    EXPECT_EQ(support::readFile(here_.file("c\\d/e")), "x");
+    EXPECT_EQ(MoveFileA(from.c_str(), odd.c_str()), FALSE);
+    EXPECT_EQ(CopyFileA(from.c_str(), odd.c_str(), FALSE), FALSE);
+    EXPECT_EQ(entriesOf(here_.path()), 2);
+    support::writeFile(odd, "y");
+    EXPECT_EQ(GetFileAttributesA(odd.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(DeleteFileA(odd.c_str()), FALSE);
 }
 
 TEST_F(PosixFiles, AreNotHeldUpByAPipe)

@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <limits>
-#include <locale>
-#include <sstream>
 #include <string>
 
 #include <zelstandard/platform/ZelXml.h>
 
-// <VALUES><V>1.35</V></VALUES>: one number in one child, read and written.
+// <VALUES><V>1.35</V></VALUES>: one number in one child, read and written. That no locale changes
+// it is shown in datafiles/locale_test.cpp.
 
 namespace
 {
@@ -26,12 +24,6 @@ struct Values {
     [[nodiscard]] ZelXmlData* value() const { return ZelXmlData::findChild(root(), "V"); }
 
     ZelXmlTree tree;
-};
-
-struct DecimalComma : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
 };
 
 std::string formatted(double value, const char* format)
@@ -112,21 +104,4 @@ TEST(XmlNumbers, AreRoundedAsPrintfRounds)
     for (const char* other : {"%f", "%.2g", "%.-2f", "%.100f", "", "%.f"})
         EXPECT_EQ(formatted(0.8, other), "0.8") << other;
     EXPECT_EQ(formatted(0.8, nullptr), "0.8");
-}
-
-TEST(XmlNumbers, KnowNoLocale)
-{
-    const std::locale before = std::locale::global(std::locale(std::locale(), new DecimalComma));
-    const std::string process = std::setlocale(LC_ALL, nullptr);
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "German_Germany.1252"}) {
-        if (std::setlocale(LC_ALL, name))
-            break;
-    }
-    const Values values("1234.5");
-    EXPECT_EQ(ZelXmlDataUtil::getChildDouble(values.root(), "V"), 1234.5);
-    EXPECT_EQ(formatted(1234.5, "%.2f"), "1234.50");
-    ZelXmlData::setData(values.value(), 1234567);
-    EXPECT_EQ(ZelXmlData::getData(values.value()), "1234567");
-    std::setlocale(LC_ALL, process.c_str());
-    std::locale::global(before);
 }

@@ -6,14 +6,21 @@
 
 namespace
 {
+
 std::atomic<std::size_t> count = 0;
+std::size_t failing = 0; // its number; 0 for none
+
+} // namespace
+
+void* support::allocate(std::size_t size)
+{
+    return ++count == failing ? nullptr : std::malloc(size ? size : 1);
 }
 
 // noinline: compilers must not pair a visible malloc with a delete expression.
 [[gnu::noinline]] void* operator new(std::size_t size)
 {
-    ++count;
-    if (void* memory = std::malloc(size ? size : 1))
+    if (void* memory = support::allocate(size))
         return memory;
     throw std::bad_alloc();
 }
@@ -23,3 +30,12 @@ std::atomic<std::size_t> count = 0;
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 std::size_t support::allocations() { return count; }
+
+void support::failAfter(std::size_t others) { failing = count + others + 1; }
+
+bool support::stopFailing()
+{
+    const bool failed = failing != 0 && count >= failing;
+    failing = 0;
+    return failed;
+}

@@ -9,4 +9,12 @@ namespace support
 /// Allocations.cpp.
 std::size_t allocations();
 
+/// What operator new allocates with, for other libraries' functions; null on failure.
+void* allocate(std::size_t size);
+
+/// Lets one allocation fail: the one that so many others precede.
+void failAfter(std::size_t others);
+/// Ends that. @return true when an allocation has failed
+bool stopFailing();
+
 } // namespace support

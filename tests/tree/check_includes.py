@@ -21,7 +21,7 @@ BELOW = {
 }
 # Headers above the folders.
 TOP = {"Export.h": "all", "flat.h": {"flat"}, "zelstandard.h": set()}
-ONLY_IN = {"pugixml": "suite/xml/", "gcrypt.h": "suite/crypt/"}
+ONLY_IN = {"pugixml": "suite/xml/", "sodium.h": "suite/crypt/"}
 SYSTEM = re.compile(r"^\s*#\s*if.*\b(_WIN32|__linux__|__unix__|__MINGW32__|_MSC_VER)\b", re.M)
 KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/")
 

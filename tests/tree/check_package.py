@@ -28,7 +28,7 @@ EXAMPLES = [
     ["save_settings", "changed.xml", "DIN-EN"],
 ]
 REQUIRED = ["README.md", "docs/data-files.md", "examples/flat.c", "examples/CMakeLists.txt"]
-NEEDED = ["libc6", "libgcrypt20", "libpugixml1v5", "libstdc++6"]
+NEEDED = ["libc6", "libpugixml1v5", "libsodium23", "libstdc++6"]
 
 
 def ensure(holds, fault):
@@ -108,8 +108,11 @@ def package_of_debian(package, version, work):
 
 def archive_for_windows(package, work):
     shutil.unpack_archive(package, work)
+    ensure(package.stat().st_size < 2_000_000, f"{package} has {package.stat().st_size} bytes")
     root = only(work, "*")
     is_whole(root)
+    licences = list((root / "share/doc/zelstandard/licences").glob("*.txt"))
+    ensure(len(licences) == 4, f"{package} holds the terms {licences}")
     wine = dict(os.environ, WINEPREFIX=str(work / "wine"), WINEDEBUG="-all")
     wine.pop("WINEPATH", None)
     server = shutil.which("wineserver") or str(next(pathlib.Path("/usr/lib/wine").glob("wineserver*")))

@@ -22,7 +22,7 @@ namespace
 bool roundTrip(const std::string& text, const std::string& path)
 {
     const std::string key = "kT$WqRmYdNc4";
-    const std::string enciphered = path + ".age";
+    const std::string enciphered = path + ".enc";
     std::istringstream plain(text);
     {
         std::ofstream file(enciphered, std::ios::binary);
