@@ -32,7 +32,7 @@ template <class Rows> std::unordered_map<std::string_view, int> hashed(const Row
 }
 
 const auto actionWords = hashed(Standard::actionTypeIdWords);
-const auto codeWords = hashed(Standard::modeWords);
+const auto codeWords = hashed(Standard::designCodes);
 const auto structureWords = hashed(Standard::bridgeTypeWords);
 
 int find(const std::unordered_map<std::string_view, int>& words, std::string_view word)

@@ -22,7 +22,6 @@
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
-#include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/zelstandard.h>
 
 #include "Floors.h"
