@@ -138,7 +138,7 @@ private:
     }
 
     /// A set of values: those that fit are bits, others are kept in their order.
-    class Validity
+    class ZELSTANDARD_API Validity
     {
     public:
         template <class Value> void add(Value value)
