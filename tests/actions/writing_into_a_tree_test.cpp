@@ -29,69 +29,7 @@ std::string writtenInto(const std::string& document, ActionTypeManager& catalogu
     return once;
 }
 
-std::string types(const std::string& content)
-{
-    return "<SMOD><ACTIONTYPES>" + content + "</ACTIONTYPES></SMOD>";
-}
-
-std::string snow(const std::string& annexes)
-{
-    return types("<ACTIONTYPE NAME='SNOW'><ANNEXES>" + annexes + "</ANNEXES></ACTIONTYPE>");
-}
-
-std::string annex(const std::string& name, const std::string& content = "")
-{
-    return "<ANNEX NAME='" + name + "'>" + content + "</ANNEX>";
-}
-
-/// A set with a value other than those of the catalogue.
-std::string set(const std::string& name)
-{
-    return "<CLASSIFICATION NAME='" + name + "'><PSI0>7</PSI0><PSI0>8</PSI0></CLASSIFICATION>";
-}
-
 } // namespace
-
-TEST(WritingIntoATree, WhatIsReadAgainIsTheCatalogueWhateverStoodThere)
-{
-    // A full annex of EC, an empty one of BS, a full one of DIN-EN.
-    ActionTypeManager catalogue = readCatalogue(R"(<ACTIONTYPES><ACTIONTYPE NAME="SNOW">
-    <ACTIONGROUP>SNOW</ACTIONGROUP> <LOADDURATION>SHORTTERM</LOADDURATION>
-    <ANNEXES>
-      <ANNEX NAME="EC">
-        <CLASSIFICATION NAME="BUILDING"> <PSI0>0.1</PSI0> <CrackRed>0.9</CrackRed> </CLASSIFICATION>
-        <CLASSIFICATION NAME="FOOTBRIDGE1"> <PSI0>0.2</PSI0> </CLASSIFICATION>
-      </ANNEX>
-      <ANNEX NAME="BS"/>
-      <ANNEX NAME="DIN-EN"><CLASSIFICATION NAME="BUILDING"> <PSI0>0.3</PSI0> </CLASSIFICATION></ANNEX>
-    </ANNEXES></ACTIONTYPE></ACTIONTYPES>)");
-    const std::string documents[] = {
-        "<SMOD><SETTINGS/></SMOD>",
-        "<ROOT><A><ACTIONTYPES><ACTIONTYPE NAME='SNOW'/></ACTIONTYPES></A></ROOT>",
-        types("<ACTIONTYPE NAME='SNOW'><LOADDURATION>LONG<!-- -->TERM</LOADDURATION>"
-              "<ACTIONGROUP>T</ACTIONGROUP></ACTIONTYPE><ACTIONTYPE NAME='SNOW'/>"),
-        // elements of other names, annexes that are not direct children
-        types("<TYPE NAME='SNOW'><MORE><ANNEXES>" + annex("CSN") + "</ANNEXES></MORE></TYPE>"),
-        snow("<CODE NAME='DIN-EN'>" + set("ROADWAY") + "</CODE>"),
-        snow("<ANNEX NAME='EC'><SET NAME='BUILDING'/></ANNEX>"),
-        // sets and annexes that the type does not have, or has once
-        snow(annex("EC", set("BUILDING") + set("RAILWAY2")) + annex("DIN-EN", set("ROADWAY"))),
-        snow(annex("BS", set("BUILDING") + set("RAILWAY1"))),
-        snow(annex("EC", set("BUILDING") + set("BUILDING"))),
-        snow(annex("EC", set("FOOTBRIDGE1") + set("FOOTBRIDGE2"))),
-        snow(annex("CSN", set("BUILDING")) + annex("OENORM")),
-        snow(annex("EC") + annex("EC", set("BUILDING"))),
-        snow(annex("DIN-EN") + annex("BS") + annex("EC")),
-        // a DEFAULT in each kind of annex, in front of the sets and behind them
-        snow(annex("EC", set("DEFAULT"))),
-        snow(annex("BS", set("DEFAULT"))),
-        snow(annex("DIN-EN", set("BUILDING") + set("DEFAULT"))),
-    };
-    for (const std::string& before : documents) {
-        const std::string document = writtenInto(before, catalogue);
-        EXPECT_EQ(contents(readCatalogue(document)), contents(catalogue)) << before << document;
-    }
-}
 
 TEST(WritingIntoATree, KeepsWhatItDoesNotKnow)
 {

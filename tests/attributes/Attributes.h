@@ -8,6 +8,8 @@
 #include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
+#include "support/Documents.h"
+
 /// @file
 /// Catalogues of state attributes from documents, and as text to compare.
 
@@ -67,12 +69,6 @@ inline std::string text(const Standard::StateAttribute& attribute)
     addSet(6, &StateAttribute::hasBridgeType);
     result << " " << attribute.getExclGroup() << " " << attribute.getCombGroup();
     return result.str();
-}
-
-inline void build(ZelXmlTree& tree, const std::string& document)
-{
-    std::istringstream stream(document);
-    tree.buildOfStream(stream);
 }
 
 /// A catalogue of attributes with one of action types, which has every type without factors but

@@ -129,24 +129,6 @@ TEST_F(SettingsFile, TakesServiceClassesOneToThree)
     }
 }
 
-TEST_F(SettingsFile, LosesTheSecondFootbridgeType)
-{
-    context_->setClassification(Classification::BRIDGE);
-    context_->setBridgeType(BridgeType::FOOTBRIDGE2);
-    const std::string file = directory_.file("written.xml");
-    context_->output(file);
-    EXPECT_NE(readFile(file).find("<BRIDGETYPE>-</BRIDGETYPE>"), std::string::npos);
-    context_->input(file);
-    EXPECT_EQ(context_->getBridgeType(), BridgeType::ROADWAY);
-    EXPECT_FALSE(context_->isFootbridge());
-
-    // The stored type is 0 now; no file ever holds one below the first.
-    context_->output(file);
-    EXPECT_NE(readFile(file).find("<BRIDGETYPE>ROADWAY</BRIDGETYPE>"), std::string::npos);
-    read(inSettings("<BRIDGETYPE>FOOTBRIDGE2</BRIDGETYPE>"));
-    EXPECT_EQ(context_->getBridgeType(), BridgeType::FOOTBRIDGE1);
-}
-
 TEST_F(SettingsFile, IsFoundBelowAnyRoot)
 {
     const std::string timber = "<SETTINGS><DESIGNMATERIAL>TIMBER</DESIGNMATERIAL></SETTINGS>";

@@ -7,7 +7,7 @@
 #include <zelstandard/material/Coefficients.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
-#include "material/Documents.h"
+#include "support/Documents.h"
 #include "support/Context.h"
 
 /// @file

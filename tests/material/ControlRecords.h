@@ -7,7 +7,7 @@
 
 #include <zelstandard/material/Control.h>
 
-#include "material/Documents.h"
+#include "support/Documents.h"
 #include "support/Context.h"
 
 /// @file

@@ -100,50 +100,6 @@ TEST_F(ControlTest, Reading)
            before);
 }
 
-TEST_F(ControlTest, WritesTwoAnnexesInFullThatAreReadAgainAlike)
-{
-    const std::string ec = annex("EC", "0.1", "0.2", "0.3");
-    const std::string din = annex("DIN-1988", "0.4", "0.5", "0.6");
-    const std::string turned =
-        R"(<ANNEX NAME="EC"><ETA>0.2</ETA><STRUTFACTOR>0.1</STRUTFACTOR><LAMBDA>0.3</LAMBDA>)";
-    const std::pair<std::string, std::string> documents[] = {
-        {"<SMOD><SETTINGS><A>1</A></SETTINGS><!-- one --></SMOD>",
-         "<SMOD><SETTINGS><A>1</A></SETTINGS><!-- one --><STRESSBLOCK>" + ec + din +
-             "</STRESSBLOCK></SMOD>"                                                                                                                                                              },
- // Another order, with comments, attributes and elements of others.
-        {R"(<SMOD><STRESSBLOCK A="x"><!-- one --><ANNEX B="y" NAME="DIN-1988"><LAMBDA C="z">9)"
-         R"(</LAMBDA><!-- two --><NOTE>own</NOTE></ANNEX><NOTE>own</NOTE></STRESSBLOCK></SMOD>)", R"(<SMOD><STRESSBLOCK A="x"><!-- one --><ANNEX B="y" NAME="DIN-1988"><LAMBDA C="z">0.6)"
-         R"(</LAMBDA><!-- two --><NOTE>own</NOTE><STRUTFACTOR>0.4</STRUTFACTOR><ETA>0.5</ETA>)"
-         "</ANNEX><NOTE>own</NOTE>" +
-             ec + "</STRESSBLOCK></SMOD>"                                               },
- // Annexes of other codes, which the shared record would take over; a value twice.
-        {R"(<SMOD><STRESSBLOCK><ANNEX NAME="BS"><ETA>9</ETA></ANNEX><ANNEX><ETA>9</ETA></ANNEX>)"
-         R"(<ANNEX NAME="EC"><ETA>9</ETA><STRUTFACTOR>8</STRUTFACTOR><LAMBDA>8</LAMBDA>)"
-         R"(<ETA>9</ETA></ANNEX><ANNEX NAME="ISO"/><ANNEX NAME="EC"/>)"
-         R"(<CODE NAME="SIA"><LAMBDA>9</LAMBDA></CODE></STRESSBLOCK></SMOD>)",                    "<SMOD><STRESSBLOCK>" + turned + "<ETA>9</ETA></ANNEX>" + din + "</STRESSBLOCK></SMOD>"},
- // A block that stands deeper, in front of the usual place.
-        {"<SMOD><CODES><STRESSBLOCK/></CODES><STRESSBLOCK/></SMOD>",
-         "<SMOD><CODES><STRESSBLOCK>" + ec + din + "</STRESSBLOCK></CODES><STRESSBLOCK/></SMOD>"                                                                                                  },
-        {"<PROFILE><OWN/></PROFILE>",
-         "<PROFILE><OWN/><SMOD><STRESSBLOCK>" + ec + din + "</STRESSBLOCK></SMOD></PROFILE>"                                                                                                      },
-    };
-    for (const auto& [document, expected] : documents) {
-        SCOPED_TRACE(document);
-        reset();
-        ZelXmlTree tree;
-        ASSERT_TRUE(build(tree, document));
-        Control::output(tree);
-        EXPECT_EQ(raw(tree), expected);
-        Control::output(tree);
-        EXPECT_EQ(raw(tree), expected) << "writing again changes nothing";
-
-        setRecord(Mode::EC, {1.1, 1.2, 7, 7, 7, 0});
-        setRecord(Mode::DIN_1988, {2.1, 2.2, 7, 7, 7, 1});
-        Control::input(tree);
-        EXPECT_EQ(records(), before);
-    }
-}
-
 TEST_F(ControlTest, ReadsAndReplacesFiles)
 {
     const TemporaryDirectory directory;
