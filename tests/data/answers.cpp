@@ -1,6 +1,10 @@
 // What the library answers from the data files in a directory, a line each:
 //   factors CODE STRUCTURE ACTION and the nine factors
 //   material CODE TABLE COLUMN and the value
+//   action, group, load duration
+//   attribute: as support::text has it
+//   rule TEMPLATE INSTRUCTION TAG OPERATOR, attribute type and load type
+//   active CODE STRUCTURE MATERIAL TEMPLATE, and the tags
 // usage: answers DATA-DIRECTORY
 
 #include <cstdio>
@@ -8,6 +12,8 @@
 #include <string>
 
 #include <zelstandard/zelstandard.h>
+
+#include "attributes/Attributes.h"
 
 using namespace Standard;
 
@@ -65,16 +71,58 @@ void materials(Mode code)
               << heading << "STRESSBLOCK STRUTFACTOR " << Control::getStrutFactor(code) << '\n';
 }
 
+void rules(StateAttributeManager& attributes)
+{
+    XMLUtil& words = *XMLUtil::get();
+    const StateInstructionManager catalogue(&attributes);
+    for (int id = 0; id <= 5; ++id)
+        for (const StateInstruction* rule : catalogue.getStateInstructions(SuperpositionTemplate{id}))
+            for (const StateAttributeBase* part : rule->getAttributes())
+                std::cout << "rule " << words.getStringToSupTemplate(SuperpositionTemplate{id}) << ' '
+                          << words.getStringToInstruction(rule->getType()) << ' '
+                          << words.getStringToStateAttrToken(part->getToken()) << ' '
+                          << words.getStringToOperator(part->getOperator()) << ' '
+                          << words.getStringToAttributeType(part->getType()) << ' '
+                          << words.getStringToAttributeLoadType(part->getLoadType()) << '\n';
+
+    ZelStandard& context = *ZelStandard::get();
+    for (int code = 1; code <= 8; ++code)
+        for (int bridge = 0; bridge <= 5; ++bridge)
+            for (int material = 0; material <= 5; ++material) {
+                context.setMode(Mode{code});
+                context.setClassification(bridge ? Classification::BRIDGE : Classification::BUILDING);
+                context.setBridgeType(BridgeType{bridge});
+                context.setDesignMaterial(DesignMaterial{material});
+                std::cout << "active " << words.getStringToMode(Mode{code}) << ' '
+                          << (bridge ? words.getStringToBridgeType(BridgeType{bridge}) : "BUILDING") << ' '
+                          << words.getStringToDgnMaterial(DesignMaterial{material}) << ' '
+                          << words.getStringToSupTemplate(catalogue.getCurrentTemplateID());
+                for (const StateAttribute* attribute : attributes.getAttributes())
+                    if (attribute->isActive() || StateAttributeValidator::isAttributeActive(attribute))
+                        std::cout << ' ' << words.getStringToStateAttrToken(attribute->getToken());
+                std::cout << '\n';
+            }
+}
+
 } // namespace
 
 int main(int, char** argument)
 {
     const std::string data = argument[1];
     ZelStandard::get()->setAlternativeDBPath(data + "/Profiles/Standard.xml");
-    const ActionTypeManager catalogue(data + "/ActionTypes.xml");
+    ActionTypeManager catalogue(data + "/ActionTypes.xml");
     for (int code = 1; code <= 8; ++code) {
         for (int bridge = 0; bridge <= 5; ++bridge)
             factors(catalogue, Mode{code}, bridge);
         materials(Mode{code});
     }
+    for (const ActionType* type : catalogue.getActionTypes())
+        std::cout << "action " << XMLUtil::get()->getStringToActionType(type->getId()) << ' '
+                  << XMLUtil::get()->getStringToActionGroup(type->getActionGroupId()) << ' '
+                  << XMLUtil::get()->getStringToLoadDuration(type->getLoadDurationClass()) << '\n';
+    StateAttributeManager attributes(&catalogue);
+    attributes.init(data + "/StateAttributes.xml");
+    for (const StateAttribute* attribute : attributes.getAttributes())
+        std::cout << "attribute " << support::text(*attribute) << '\n';
+    rules(attributes);
 }

@@ -36,7 +36,7 @@ class Answers:
         for kind, *words in map(str.split, run.stdout.splitlines()):
             if kind == "factors":
                 self.factors[tuple(words[:3])] = dict(zip(FACTORS, map(float, words[3:])))
-            else:
+            elif kind == "material":
                 self.materials[tuple(words[:3])] = float(words[3])
 
 

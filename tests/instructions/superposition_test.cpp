@@ -99,18 +99,3 @@ TEST_F(ShippedRules, AreAsTheyWereReviewed)
     }
     support::expectGolden("superposition.txt", table.str());
 }
-
-TEST_F(ShippedRules, TakeTypesAndOperatorsOfTheAttributeCatalogue)
-{
-    const StateInstructionManager catalogue(&attributes_);
-    for (int id = 0; id <= 5; ++id)
-        for (const StateInstruction* instruction :
-             catalogue.getStateInstructions(SuperpositionTemplate{id}))
-            for (const StateAttributeBase* attribute : instruction->getAttributes()) {
-                const auto* known = attributes_.findStateAttributeToToken(attribute->getToken());
-                ASSERT_NE(known, nullptr) << id << " " << instruction->getName();
-                EXPECT_EQ(attribute->getType(), known->getType()) << known->getName();
-                EXPECT_EQ(attribute->getLoadType(), known->getLoadType()) << known->getName();
-                EXPECT_EQ(attribute->getOperator(), known->getOperator()) << known->getName();
-            }
-}

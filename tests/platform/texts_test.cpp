@@ -15,11 +15,13 @@ TEST(Texts, AreThoseOfTheFilesInEachLanguage)
         EXPECT_EQ(zelsuite::getLanguage(), language);
         std::map<unsigned int, std::pair<std::string, std::string>> texts;
         std::ifstream file(support::sourceFile("texts/" + std::string(language) + ".tsv"));
-        std::string id, display, report;
-        while (std::getline(file, id, '\t') && std::getline(file, display, '\t') &&
-               std::getline(file, report))
-            if (id.find_first_not_of("0123456789") == std::string::npos)
-                texts[static_cast<unsigned int>(std::stoul(id))] = {display, report};
+        for (std::string line; std::getline(file, line);) {
+            const auto first = line.find('\t');
+            const auto second = line.find('\t', first + 1);
+            if (line.find_first_not_of("0123456789") == first)
+                texts[static_cast<unsigned int>(std::stoul(line))] = {
+                    line.substr(first + 1, second - first - 1), line.substr(second + 1)};
+        }
         ASSERT_GT(texts.size(), 300U);
         for (unsigned int number = 0; number < 10000; ++number) {
             const auto& [wanted, wantedReport] = texts[number]; // empty for an unknown one

@@ -2,9 +2,11 @@
 // text tells which loader was asked for which id.
 
 #include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/instructions/StateInstruction.h>
 #include <zelstandard/platform/ZelText.h>
 #include <zelstandard/vocabulary/OperatorTexts.h>
 #include <zelstandard/vocabulary/SignificantInstant.h>
+#include <zelstandard/vocabulary/XMLUtil.h>
 
 #include <gtest/gtest.h>
 
@@ -106,4 +108,15 @@ TEST(TextIds, RequirementsAreFoundByTheirTextInAnyLetterCase)
     EXPECT_EQ(context->findRequirement(Requirement::Type::TYPE_2), second);
     display = &displayText;
     EXPECT_EQ(context->findRequirement(Requirement::Type::TYPE_2), nullptr);
+}
+
+TEST(TextIds, OfInstructions)
+{
+    std::ostringstream table;
+    for (int value = -2; value <= 45; ++value) {
+        const StateInstruction instruction(InstructionType{value});
+        table << value << " " << XMLUtil::get()->getStringToInstruction(instruction.getType())
+              << ": " << instruction.getName() << "\n";
+    }
+    support::expectGolden("instruction_text_ids.txt", table.str());
 }

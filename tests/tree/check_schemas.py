@@ -1,7 +1,9 @@
 """Checks documents against the schemas in data/schemas: the shipped data files, what the library
 writes, and the samples of the guide pass; copies of the shipped files with one fault each do not.
 
-usage: check_schemas.py SOURCE-DIRECTORY
+The words are those of the library's tables.
+
+usage: check_schemas.py SOURCE-DIRECTORY SCHEMA-WORDS-PROGRAM
 """
 
 import pathlib
@@ -84,7 +86,14 @@ def check_samples(root):
         yield from check(root / "data" / "schemas" / schema, sample, VALID, f"{guide}:\n{sample}")
 
 
+def check_words(root, program):
+    header, schema = root / "src/zelstandard/vocabulary/Enumerations.h", root / "data" / "schemas" / "words.xsd"
+    made = subprocess.run([program, header], capture_output=True, check=True, timeout=60).stdout
+    if made != schema.read_bytes():
+        yield f"{schema} is not made of the library's tables any more; {program} {header} >{schema}"
+
+
 root = pathlib.Path(sys.argv[1])
-found = [*check_shipped(root / "data"), *check_written(root), *check_samples(root)]
+found = [*check_words(root, sys.argv[2]), *check_shipped(root / "data"), *check_written(root), *check_samples(root)]
 print("\n".join(found) or "the schemas accept what is right and find what is wrong")
 sys.exit(1 if found else 0)

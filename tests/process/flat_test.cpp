@@ -8,7 +8,7 @@
 namespace
 {
 
-const char* const document = R"(<SMOD><ACTIONTYPES>
+const std::string document = R"(<SMOD><ACTIONTYPES>
   <ACTIONTYPE NAME="SNOW"><ANNEXES>
     <ANNEX NAME="EC">
       <CLASSIFICATION NAME="BUILDING">
@@ -46,19 +46,37 @@ double gammaSup(const char* type, const char* mode, const char* structure, std::
     return found ? values.front() : 0.0;
 }
 
-class FlatValues : public testing::Test
-{
-protected:
-    static void SetUpTestSuite()
-    {
-        const support::TemporaryDirectory directory;
-        ASSERT_NE(ZelStandardInitialiseFile(directory.write("types.xml", document).c_str()), 0);
-    }
-};
-
 } // namespace
 
-TEST_F(FlatValues, NineAreWrittenInTheirOrderOrNoneIntoTooLittleRoom)
+// The catalogue is loaded once in the life of the process: this test comes first, and the others
+// ask what it has loaded.
+TEST(Flat, KeepsTheFirstFileWithActionTypes)
+{
+    const support::TemporaryDirectory directory;
+    EXPECT_EQ(ZelStandardInitialiseFile(nullptr), 0);
+    EXPECT_EQ(gammaSup("SNOW", "EC", "BUILDING"), 0) << "nothing is loaded";
+    for (const std::string& path :
+         {directory.file("missing.xml"), std::string(), std::string(100'000, 'x'),
+          directory.path().string(), directory.write("empty.xml", ""),
+          directory.write("no-types.xml", "<SMOD><ACTIONTYPES/></SMOD>"),
+          directory.write("malformed.xml", document + "<"),
+          directory.write("damaged.xml", support::enciphered(document) + "x")}) {
+        EXPECT_EQ(ZelStandardInitialiseFile(path.c_str()), 0) << path.substr(0, 100);
+        EXPECT_EQ(gammaSup("SNOW", "EC", "BUILDING"), 0) << path.substr(0, 100);
+    }
+    const std::string good = directory.write("good.xml", support::enciphered(document));
+    EXPECT_NE(ZelStandardInitialiseFile(good.c_str()), 0);
+    const std::string second =
+        directory.write("second.xml", "<ACTIONTYPES><ACTIONTYPE NAME='T'/></ACTIONTYPES>");
+    support::writeFile(good, "");
+    for (const char* path :
+         {second.c_str(), good.c_str(), "missing.xml", static_cast<const char*>(nullptr)}) {
+        EXPECT_NE(ZelStandardInitialiseFile(path), 0) << "a catalogue is there";
+        EXPECT_EQ(gammaSup("SNOW", "EC", "BUILDING"), 1.5);
+    }
+}
+
+TEST(Flat, NineAreWrittenInTheirOrderOrNoneIntoTooLittleRoom)
 {
     std::vector<double> values(9);
     EXPECT_EQ(ZelStandardGetCombValues("SNOW", "EC", "BUILDING", values.data(), 9), 1);
@@ -71,7 +89,7 @@ TEST_F(FlatValues, NineAreWrittenInTheirOrderOrNoneIntoTooLittleRoom)
     EXPECT_EQ(gammaSup("SNOW", "EC", nullptr), 0);
 }
 
-TEST_F(FlatValues, OnlyTheExactWordOfABuildingMeansOne)
+TEST(Flat, OnlyTheExactWordOfABuildingMeansOne)
 {
     EXPECT_EQ(gammaSup("T", "EC", "BUILDING"), 31);
     const std::string longWord(1'000'000, 'B');
@@ -86,7 +104,7 @@ TEST_F(FlatValues, OnlyTheExactWordOfABuildingMeansOne)
     EXPECT_EQ(gammaSup("T", "EC", "RAILWAY1"), 0);
 }
 
-TEST_F(FlatValues, OnlyExactWordsOfCodesAndTypesInTheFileCount)
+TEST(Flat, OnlyExactWordsOfCodesAndTypesInTheFileCount)
 {
     EXPECT_EQ(gammaSup("SNOW", "DIN-EN", "BUILDING"), 81);
     EXPECT_EQ(gammaSup("SNOW", "SIA", "BUILDING"), 1.5) << "an empty annex";
@@ -99,7 +117,7 @@ TEST_F(FlatValues, OnlyExactWordsOfCodesAndTypesInTheFileCount)
         EXPECT_EQ(gammaSup(type, "EC", "BUILDING"), 0) << std::string(type).substr(0, 40);
 }
 
-TEST_F(FlatValues, TheSettingsOfTheProcessPlayNoPart)
+TEST(Flat, TheSettingsOfTheProcessPlayNoPart)
 {
     const support::FreshContext context;
     for (int mode = 0; mode <= 8; ++mode) {
