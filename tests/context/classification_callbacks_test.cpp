@@ -77,7 +77,9 @@ TEST_F(ClassificationCallbacks, ComeInTheOrderOfTheirAddressesAndFromTheNextChan
     registered.clear();
     for (const auto& [function, number] : functions)
         registered.push_back(function);
-    const auto keepOwn = [] { std::erase_if(calls, [](int number) { return number < 11 || number > 13; }); };
+    const auto keepOwn = [] {
+        std::erase_if(calls, [](int number) { return number < 11 || number > 13; });
+    };
     context_->addCallbackFunction(registered.front());
     context_->setClassification(Classification::BRIDGE);
     keepOwn();

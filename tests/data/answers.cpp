@@ -76,10 +76,11 @@ void rules(StateAttributeManager& attributes)
     XMLUtil& words = *XMLUtil::get();
     const StateInstructionManager catalogue(&attributes);
     for (int id = 0; id <= 5; ++id)
-        for (const StateInstruction* rule : catalogue.getStateInstructions(SuperpositionTemplate{id}))
+        for (const StateInstruction* rule :
+             catalogue.getStateInstructions(SuperpositionTemplate{id}))
             for (const StateAttributeBase* part : rule->getAttributes())
-                std::cout << "rule " << words.getStringToSupTemplate(SuperpositionTemplate{id}) << ' '
-                          << words.getStringToInstruction(rule->getType()) << ' '
+                std::cout << "rule " << words.getStringToSupTemplate(SuperpositionTemplate{id})
+                          << ' ' << words.getStringToInstruction(rule->getType()) << ' '
                           << words.getStringToStateAttrToken(part->getToken()) << ' '
                           << words.getStringToOperator(part->getOperator()) << ' '
                           << words.getStringToAttributeType(part->getType()) << ' '
@@ -90,15 +91,17 @@ void rules(StateAttributeManager& attributes)
         for (int bridge = 0; bridge <= 5; ++bridge)
             for (int material = 0; material <= 5; ++material) {
                 context.setMode(Mode{code});
-                context.setClassification(bridge ? Classification::BRIDGE : Classification::BUILDING);
+                context.setClassification(bridge ? Classification::BRIDGE
+                                                 : Classification::BUILDING);
                 context.setBridgeType(BridgeType{bridge});
                 context.setDesignMaterial(DesignMaterial{material});
                 std::cout << "active " << words.getStringToMode(Mode{code}) << ' '
-                          << (bridge ? words.getStringToBridgeType(BridgeType{bridge}) : "BUILDING") << ' '
-                          << words.getStringToDgnMaterial(DesignMaterial{material}) << ' '
+                          << (bridge ? words.getStringToBridgeType(BridgeType{bridge}) : "BUILDING")
+                          << ' ' << words.getStringToDgnMaterial(DesignMaterial{material}) << ' '
                           << words.getStringToSupTemplate(catalogue.getCurrentTemplateID());
                 for (const StateAttribute* attribute : attributes.getAttributes())
-                    if (attribute->isActive() || StateAttributeValidator::isAttributeActive(attribute))
+                    if (attribute->isActive() ||
+                        StateAttributeValidator::isAttributeActive(attribute))
                         std::cout << ' ' << words.getStringToStateAttrToken(attribute->getToken());
                 std::cout << '\n';
             }

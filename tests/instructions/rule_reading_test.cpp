@@ -177,8 +177,8 @@ TEST_F(RuleReading, NoDocumentGrowsBeyondItsOwnSize)
     for (int count = 0; count < 20000; ++count)
         references += "<all/>";
     StateInstructionManager catalogue(nullptr);
-    support::read(catalogue,
-                  element("STATEINSTRUCTIONS", blocks(block("all", all)) + rule(blocks(references))));
+    support::read(catalogue, element("STATEINSTRUCTIONS",
+                                     blocks(block("all", all)) + rule(blocks(references))));
     const auto* rare =
         catalogue.findStateInstruction(InstructionType::RARE, SuperpositionTemplate::EC_BUILDING);
     EXPECT_EQ(rare->getAttributes().size(), 131U);

@@ -7,8 +7,8 @@
 #include <zelstandard/material/Coefficients.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
-#include "support/Documents.h"
 #include "support/Context.h"
+#include "support/Documents.h"
 
 /// @file
 /// All coefficients alike, from documents and as text to compare.

@@ -7,8 +7,8 @@
 
 #include <zelstandard/material/Control.h>
 
-#include "support/Documents.h"
 #include "support/Context.h"
+#include "support/Documents.h"
 
 /// @file
 /// All control values alike, and as text to compare.

@@ -24,7 +24,8 @@ TEST(TemporaryFile, IsNewEmptyAndNamedByItsPrefix)
     const fs::path path(first.data());
     EXPECT_EQ(path.parent_path(), directory.path());
     EXPECT_EQ(path.filename().string().substr(0, 3), "zel");
-    EXPECT_NE(path.filename().string().substr(3, 5), "ofstr") << "no more than three; else the rest is chance";
+    EXPECT_NE(path.filename().string().substr(3, 5), "ofstr")
+        << "no more than three; else the rest is chance";
     EXPECT_EQ(fs::file_size(path), 0U);
     EXPECT_EQ(GetTempFileNameA(directory.file("none").c_str(), "zel", 0, first.data()), 0U);
 }

@@ -1,5 +1,5 @@
-// The first use of coefficients and control values makes the design context. Its settings change the
-// classification, and a host's callback asks for both in turn and changes them.
+// The first use of coefficients and control values makes the design context. Its settings change
+// the classification, and a host's callback asks for both in turn and changes them.
 
 #include "material/CoefficientTables.h"
 #include "material/ControlRecords.h"

@@ -1,7 +1,7 @@
 // What holds of every state that a program can set and of every document that it is written into:
-// what is read again is what was written, but for what a file cannot hold; writing once more changes
-// no byte; and what the library does not know stays. Settings, coefficients, control values, action
-// types and state attributes share the document.
+// what is read again is what was written, but for what a file cannot hold; writing once more
+// changes no byte; and what the library does not know stays. Settings, coefficients, control
+// values, action types and state attributes share the document.
 
 #include <algorithm>
 #include <array>
@@ -41,7 +41,10 @@ std::vector<int> anyOrder()
 }
 
 /// Values that files round, some of them to each other or to nothing.
-double anyValue() { return *rc::gen::element(0.0, 0.5, 0.501, 1.0, 1.35, 1.355, 0.004, -0.5, 12345.125); }
+double anyValue()
+{
+    return *rc::gen::element(0.0, 0.5, 0.501, 1.0, 1.35, 1.355, 0.004, -0.5, 12345.125);
+}
 
 double rounded(double value, int decimals = 2)
 {
@@ -55,7 +58,7 @@ bool differ(double left, double right) { return std::fabs(left - right) > 1e-7; 
 // ---- Action types
 
 using Factors = std::array<double, 9>;
-constexpr int building = -1; ///< in the place of a bridge type
+constexpr int building = -1;       ///< in the place of a bridge type
 using Place = std::pair<int, int>; ///< code, bridge type or building
 
 struct Type {
@@ -119,7 +122,8 @@ void fill(ActionTypeManager& catalogue, const Types& types)
 {
     for (const auto& [id, type] : types) {
         ActionType& made = *catalogue.giveActionType(ActionType::Id{id});
-        made.setActionGroup(ActionGroupManager::get()->findActionGroupToId(ActionGroup::Type{type.group}));
+        made.setActionGroup(
+            ActionGroupManager::get()->findActionGroupToId(ActionGroup::Type{type.group}));
         made.setLoadDurationClass(LoadDuration{type.duration});
         for (const auto& [place, factors] : type.sets) {
             const auto [mode, bridge] = place;
@@ -133,7 +137,8 @@ void fill(ActionTypeManager& catalogue, const Types& types)
 }
 
 /// The types of these identities.
-/// @param ofForeign false: without what only an annex or a structure gives that the host knows alone
+/// @param ofForeign false: without what only an annex or a structure gives that the host knows
+/// alone
 Text textOf(const ActionTypeManager& catalogue, const Types& types, bool ofForeign = true)
 {
     Text result;
@@ -175,19 +180,21 @@ Attributes anyAttributes()
 {
     Attributes attributes;
     for (int count = below(4); count > 0; --count)
-        attributes[*rc::gen::element(1, 25, 30, 60)] = {below(50), below(6) - 1, below(34), below(13),
-                                                        below(60) - 10, below(6), anySet(1, 2),
-                                                        anySet(0, 8), anySet(0, 6)};
+        attributes[*rc::gen::element(1, 25, 30, 60)] = {below(50),    below(6) - 1,   below(34),
+                                                        below(13),    below(60) - 10, below(6),
+                                                        anySet(1, 2), anySet(0, 8),   anySet(0, 6)};
     return attributes;
 }
 
-/// What a file holds: one classification or none, four codes, five bridge types, groups with a word.
+/// What a file holds: one classification or none, four codes, five bridge types, groups with a
+/// word.
 Attribute kept(Attribute attribute)
 {
     XMLUtil& words = *XMLUtil::get();
     if (attribute.classifications.size() == 2)
         attribute.classifications.clear();
-    std::erase_if(attribute.codes, [](int code) { return code != 1 && code != 3 && code != 5 && code != 6; });
+    std::erase_if(attribute.codes,
+                  [](int code) { return code != 1 && code != 3 && code != 5 && code != 6; });
     std::erase_if(attribute.bridges, [](int type) { return type < 1 || type > 5; });
     if (attribute.combGroup > 3)
         attribute.combGroup = 0;
@@ -201,8 +208,8 @@ Attribute kept(Attribute attribute)
 void fill(StateAttributeManager& catalogue, const Attributes& attributes)
 {
     for (const auto& [token, attribute] : attributes) {
-        StateAttribute& made =
-            *catalogue.giveStateAttribute(StateAttributeToken{token}, ActionType::Id{attribute.action});
+        StateAttribute& made = *catalogue.giveStateAttribute(StateAttributeToken{token},
+                                                             ActionType::Id{attribute.action});
         made.setOperator(Operator{attribute.operation});
         made.setType(AttributeType{attribute.type});
         made.setLoadType(AttributeLoadType{attribute.loadType});
@@ -221,7 +228,8 @@ Text textOf(const StateAttributeManager& catalogue, const Attributes& attributes
 {
     Text result;
     for (const auto& [token, unused] : attributes) {
-        const StateAttribute* found = catalogue.findStateAttributeToToken(StateAttributeToken{token});
+        const StateAttribute* found =
+            catalogue.findStateAttributeToToken(StateAttributeToken{token});
         result += (found ? support::text(*found) : std::to_string(token) + " missing") + "\n";
     }
     return result;
@@ -251,7 +259,8 @@ Table kept(const Table& table)
         const double ecKept = result.contains({place[0], 1, place[2]})
                                   ? result.at({place[0], 1, place[2]})
                                   : (rounded(ec) == 0.0 ? 0.0 : rounded(ec));
-        result[place] = place[1] == 1 || !differ(value, ec) || rounded(value) == 0.0 ? ecKept : rounded(value);
+        result[place] =
+            place[1] == 1 || !differ(value, ec) || rounded(value) == 0.0 ? ecKept : rounded(value);
     }
     return result;
 }
@@ -283,7 +292,8 @@ using Settings = std::array<int, 8>;
 
 Settings anySettings()
 {
-    return {below(9), 1 + below(2), below(7), below(3), below(7) - 1, below(3), below(3), below(6) - 1};
+    return {below(9),     1 + below(2), below(7), below(3),
+            below(7) - 1, below(3),     below(3), below(6) - 1};
 }
 
 /// The second footbridge and no bridge type become one that is given as a road bridge.
@@ -382,11 +392,20 @@ struct Library {
     {
         for (const int room : order)
             switch (room) {
-            case 0: types.output(tree); break;
-            case 1: attributes->output(tree); break;
-            case 2: Coefficients::get()->output(tree); break;
-            case 3: Control::output(tree); break;
-            default: IO::write(tree, ZelStandard::get());
+            case 0:
+                types.output(tree);
+                break;
+            case 1:
+                attributes->output(tree);
+                break;
+            case 2:
+                Coefficients::get()->output(tree);
+                break;
+            case 3:
+                Control::output(tree);
+                break;
+            default:
+                IO::write(tree, ZelStandard::get());
             }
     }
 
@@ -415,15 +434,22 @@ public:
         Text rooms[] = {types(), attributes(), coefficients(), control(), settings()};
         Text result;
         for (const int room : anyOrder())
-            result += own() + (maybe() ? rooms[room] : "<CODES>" + own() + rooms[room] + "</CODES>");
+            result +=
+                own() + (maybe() ? rooms[room] : "<CODES>" + own() + rooms[room] + "</CODES>");
         const Text root = maybe() ? "SMOD" : "PROFILE";
         return "<" + root + ">" + own() + result + own() + "</" + root + ">";
     }
 
 private:
-    Text own() { return below(3) == 0 ? "<OWN N='" + std::to_string(++owned_) + "'/><!-- own -->" : ""; }
+    Text own()
+    {
+        return below(3) == 0 ? "<OWN N='" + std::to_string(++owned_) + "'/><!-- own -->" : "";
+    }
 
-    Text element(const Text& name, const Text& content) { return "<" + name + ">" + content + "</" + name + ">"; }
+    Text element(const Text& name, const Text& content)
+    {
+        return "<" + name + ">" + content + "</" + name + ">";
+    }
 
     template <class Content> Text some(Content content)
     {
@@ -434,12 +460,14 @@ private:
     }
 
     /// Elements with a NAME; now and then one of another element name.
-    template <class Content> Text named(const Text& tag, const std::vector<Text>& names, Content content)
+    template <class Content>
+    Text named(const Text& tag, const std::vector<Text>& names, Content content)
     {
         return some([&] {
             const Text used = below(4) == 0 ? "KIND" : tag;
-            return "<" + used + " SINCE='1990' NAME='" + names[static_cast<std::size_t>(below(static_cast<int>(names.size())))] + "'>" + content() + "</" +
-                   used + ">";
+            return "<" + used + " SINCE='1990' NAME='" +
+                   names[static_cast<std::size_t>(below(static_cast<int>(names.size())))] + "'>" +
+                   content() + "</" + used + ">";
         });
     }
 
@@ -450,7 +478,8 @@ private:
             return named("CLASSIFICATION", {"BUILDING", "ROADWAY", "DEFAULT", "TUNNEL"}, set);
         };
         const auto type = [&] {
-            return (maybe() ? "<LOADDURATION>LONG<!-- -->TERM</LOADDURATION>" : "<ACTIONGROUP>T</ACTIONGROUP>") +
+            return (maybe() ? "<LOADDURATION>LONG<!-- -->TERM</LOADDURATION>"
+                            : "<ACTIONGROUP>T</ACTIONGROUP>") +
                    some([&] {
                        return element("ANNEXES",
                                       named("ANNEX", {"EC", "BS", "CSN", "ELSEWHERE"}, annex));
@@ -462,23 +491,28 @@ private:
     Text attributes()
     {
         const auto attribute = [&] {
-            return some([&] { return Text("<EXCLGROUP>5</EXCLGROUP>"); }) +
-                   some([&] { return "<STANDARD>" + own() + "<CSN/><SIA/><EC/><CSN/></STANDARD>"; }) +
-                   (maybe() ? "<BRIDGETYPE><ROADWAY/><RAILWAY1/></BRIDGETYPE>" : "<CLASSIFICATION>BRIDGE</CLASSIFICATION>");
+            return some([&] { return Text("<EXCLGROUP>5</EXCLGROUP>"); }) + some([&] {
+                       return "<STANDARD>" + own() + "<CSN/><SIA/><EC/><CSN/></STANDARD>";
+                   }) +
+                   (maybe() ? "<BRIDGETYPE><ROADWAY/><RAILWAY1/></BRIDGETYPE>"
+                            : "<CLASSIFICATION>BRIDGE</CLASSIFICATION>");
         };
-        return element("STATEATTRIBUTES", named("STATEATTRIBUTE", {"G1", "SNOW", "MINE"}, attribute));
+        return element("STATEATTRIBUTES",
+                       named("STATEATTRIBUTE", {"G1", "SNOW", "MINE"}, attribute));
     }
 
     Text coefficients()
     {
         const auto annex = [&] {
             return some([&] {
-                return Text(maybe() ? "<PERSISTENT>1.9</PERSISTENT>" : "<BRIDGE SOURCE='x'>1.9</BRIDGE>");
+                return Text(maybe() ? "<PERSISTENT>1.9</PERSISTENT>"
+                                    : "<BRIDGE SOURCE='x'>1.9</BRIDGE>");
             });
         };
         return element("COEFFICIENTS", some([&] {
-                           return element(*rc::gen::element<Text>("GAMMA_S", "GAMMA_RE", "ALPHA_CT"),
-                                          named("ANNEX", {"EC", "BS", "SIA", "ISO"}, annex));
+                           return element(
+                               *rc::gen::element<Text>("GAMMA_S", "GAMMA_RE", "ALPHA_CT"),
+                               named("ANNEX", {"EC", "BS", "SIA", "ISO"}, annex));
                        }));
     }
 
@@ -509,18 +543,20 @@ std::set<Text> ownIn(const ZelXmlData* element)
 }
 
 /// The child of the same element name and NAME, as the so-manieth of them.
-const ZelXmlData* counterpart(const ZelXmlData* parent, const Text& tag, const Text& name, int number)
+const ZelXmlData* counterpart(const ZelXmlData* parent, const Text& tag, const Text& name,
+                              int number)
 {
     for (const ZelXmlData* child = ZelXmlData::getFirstChild(parent); child;
          child = ZelXmlData::getNextSibling(child))
-        if (ZelXmlData::getName(child) == tag && ZelXmlData::getAttributeString(child, "NAME") == name &&
-            number-- == 0)
+        if (ZelXmlData::getName(child) == tag &&
+            ZelXmlData::getAttributeString(child, "NAME") == name && number-- == 0)
             return child;
     return nullptr;
 }
 
 /// What of the host's stands in places that a reader does not take for those of the written values:
-/// not in a second element of a name, in one of another element name or in one that the state lacks.
+/// not in a second element of a name, in one of another element name or in one that the state
+/// lacks.
 std::set<Text> ownToBeKept(const ZelXmlData* before, const ZelXmlData* after)
 {
     static const std::set<Text> foreign = {"MINE", "ELSEWHERE", "TUNNEL", "ISO", ""};
@@ -550,7 +586,10 @@ TEST(Documents, OfAnyStateAreReadAgainAsItWas)
         std::array<Text, 4> documents;
         Text first;
         State now = state;
-        documents[0] = [&] { Library library(state); return writtenAnew(library); }();
+        documents[0] = [&] {
+            Library library(state);
+            return writtenAnew(library);
+        }();
         for (std::size_t i = 1; i < documents.size(); ++i) {
             ZelXmlTree tree;
             RC_ASSERT(support::build(tree, documents[i - 1]));
@@ -612,9 +651,11 @@ TEST(Documents, OfOthersKeepWhatIsTheirsAndGiveWhatWasWritten)
         fill(expected.types, held.types);
         fill(*expected.attributes, held.attributes);
         if (has(0))
-            RC_ASSERT(textOf(read.types, state.types, false) == textOf(expected.types, state.types, false));
+            RC_ASSERT(textOf(read.types, state.types, false) ==
+                      textOf(expected.types, state.types, false));
         if (has(1))
-            RC_ASSERT(textOf(*read.attributes, state.attributes) == textOf(*expected.attributes, state.attributes));
+            RC_ASSERT(textOf(*read.attributes, state.attributes) ==
+                      textOf(*expected.attributes, state.attributes));
 
         const auto left = ownIn(tree.getRoot());
         for (const Text& number : ownToBeKept(before.getRoot(), tree.getRoot()))
