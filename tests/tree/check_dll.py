@@ -1,10 +1,9 @@
-"""Compares what the DLLs of Windows export, import and say of themselves with the lists in the tree.
+"""Compares what the DLLs of Windows import and say of themselves with what they should.
 
-usage: check_dll.py OBJDUMP VERSION LIBRARY OTHER-DLL... [--refresh]
+usage: check_dll.py OBJDUMP VERSION DLL... [--refresh]
 
-The exports of the first DLL are compared with exports-windows.txt; those of every DLL must belong to
-its own interfaces: two flat functions, decorated classes and constants, no instances of std
-templates and nothing of another library. The imports of all are compared with imports-windows.txt.
+The exports of every DLL must belong to its own interfaces: two flat functions, decorated classes and
+constants, no instances of std templates and nothing of another library. The imports of all are compared with imports-windows.txt.
 """
 
 import pathlib
@@ -12,6 +11,8 @@ import re
 import struct
 import subprocess
 import sys
+
+from check_exports import exported_by_dll
 
 HERE = pathlib.Path(__file__).parent
 FLAT = {"ZelStandardInitialiseFile", "ZelStandardGetCombValues"}
@@ -26,26 +27,13 @@ def private_headers(objdump, dll):
     return subprocess.run([objdump, "-p", dll], check=True, capture_output=True, text=True).stdout
 
 
-def demangled(names):
-    lines = subprocess.run(["c++filt", "-n"], input="\n".join(names), check=True,
-                           capture_output=True, text=True).stdout.splitlines()
-    return dict(zip(names, lines))
-
-
-def exports(headers):
-    table = headers.split("[Ordinal/Name Pointer] Table", 1)[1].split("\n\n", 1)[0]
-    return re.findall(r"^\s*\[ *\d+\] (?:\+base\[ *\d+\]\s+\w+ )?(\S+)$", table, re.M)
-
-
 def strangers(dll, names):
-    own = INTERFACES[dll]
     flat = FLAT if dll == "zelstandard.dll" else set()
-    for missing in sorted(flat - names.keys()):
-        yield f"{dll}: {missing} is not exported undecorated"
-    for name, text in names.items():
-        known = own.match(re.sub(r"^(typeinfo|vtable) for (.*)", r"\2::", text))
-        if name not in flat and (name == text or not known):
-            yield f"{dll}: {text} is exported and is none of its interfaces"
+    for name in flat - names:
+        yield f"{dll}: {name} is not exported undecorated"
+    for name in names - flat:
+        if not INTERFACES[dll].match(re.sub(r"^(typeinfo|vtable) for (.*)", r"\2::", name)):
+            yield f"{dll}: {name} is exported and is none of its interfaces"
 
 
 def version_faults(path, version):
@@ -87,18 +75,14 @@ def main():
         sys.exit(__doc__)
     objdump, version, *paths = arguments
     faults, imports = [], []
-    for number, path in enumerate(map(pathlib.Path, paths)):
+    for path in map(pathlib.Path, paths):
         headers = private_headers(objdump, path)
-        names = demangled(exports(headers))
-        faults += strangers(path.name, names)
+        faults += strangers(path.name, exported_by_dll(path, objdump))
         faults += version_faults(path, version)
         imports += sorted(f"{path.name}: {name}"
                           for name in set(re.findall(r"^\s*DLL Name: (\S+)$", headers, re.M)))
-        if number == 0:
-            # Constructors and destructors have several symbols of one name.
-            faults += compare(HERE / "exports-windows.txt", sorted(set(names.values())), refresh)
     faults += compare(HERE / "imports-windows.txt", imports, refresh)
-    print("\n".join(faults) or "exports, imports and versions are as listed")
+    print("\n".join(faults) or "exports, imports and versions are as they should")
     if any(".txt: n" in fault for fault in faults):
         print("if this is wanted: python3", " ".join(sys.argv), "--refresh")
     return 1 if faults else 0
