@@ -1,26 +1,9 @@
 #include <algorithm>
-#include <sstream>
 
 #include <zelstandard/actions/ActionGroupManager.h>
-#include <zelstandard/platform/ZelText.h>
-#include <zelstandard/vocabulary/XMLUtil.h>
-
-#include "support/Golden.h"
 
 using Standard::ActionGroup;
 using Standard::ActionGroupManager;
-
-TEST(ActionGroups, HaveTheirTexts)
-{
-    std::ostringstream table;
-    for (int value = -1; value <= 12; ++value) {
-        const ActionGroup group(ActionGroup::Type{value});
-        table << value << " " << Standard::XMLUtil::get()->getStringToActionGroup(group.getId())
-              << ": " << group.getTextID() << "\n";
-        EXPECT_EQ(group.getName(), group.getTextID() == 0 ? "-" : ZelText::Load(group.getTextID()));
-    }
-    support::expectGolden("action_group_texts.txt", table.str());
-}
 
 TEST(ActionGroups, AreOneObjectEachFoundByTypeAndByNameInAnyLetterCase)
 {

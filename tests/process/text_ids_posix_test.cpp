@@ -1,6 +1,8 @@
 // A host with texts of its own: the program takes the place of the suite's text library, and each
 // text tells which loader was asked for which id.
 
+#include <zelstandard/actions/ActionType.h>
+#include <zelstandard/attributes/StateAttributeBase.h>
 #include <zelstandard/context/ZelStandard.h>
 #include <zelstandard/instructions/StateInstruction.h>
 #include <zelstandard/platform/ZelText.h>
@@ -35,6 +37,8 @@ std::string ZelText::Load(unsigned int id) { return display(id); }
 
 std::string ZelText::LoadReport(unsigned int id) { return "report " + std::to_string(id); }
 
+std::string LSReport(unsigned int id) { return "host's report " + std::to_string(id); }
+
 using namespace Standard;
 
 namespace
@@ -64,6 +68,48 @@ TEST(TextIds, OfOperatorsCombinationsAndInstants)
     // An operator is known by its string, not by what is displayed.
     EXPECT_EQ(getOperatorToName("string 4246"), Operator::AND_MINMAX);
     EXPECT_EQ(getOperatorToName("display 4246"), static_cast<Operator>(-1));
+}
+
+namespace
+{
+
+/// The word, the name and the report name; behind them what the descriptions have beside those.
+template <class Named> std::string names(int value, const std::string& word, const Named& named)
+{
+    const std::string name = named.getName();
+    const std::string reportName = named.getReportName();
+    std::string line = std::to_string(value) + " " + word + ": " + name + ", " + reportName;
+    if (named.getDescription() != name || named.getReportDescription() != reportName)
+        line += "; " + named.getDescription() + ", " + named.getReportDescription();
+    return line + "\n";
+}
+
+} // namespace
+
+TEST(TextIds, OfActionsAndAttributes)
+{
+    XMLUtil& words = *XMLUtil::get();
+    std::string table = "action group: name, text\n";
+    for (int value = -1; value <= 12; ++value) {
+        const ActionGroup group(ActionGroup::Type{value});
+        table += std::to_string(value) + " " + words.getStringToActionGroup(group.getId()) + ": " +
+                 group.getName() + ", " + std::to_string(group.getTextID()) + "\n";
+    }
+    table += "\naction type: name, report name; description, report description\n";
+    for (int value = -1; value <= 52; ++value) {
+        const ActionType type(ActionType::Id{value});
+        table += names(value, words.getStringToActionType(type.getId()), type);
+    }
+    table += "\ntext of old data: action type\n";
+    for (unsigned int text = 0; text <= 9999; ++text)
+        if (const auto id = ActionType::getIdByTextId(text); id != ActionType::Id::NONE)
+            table += std::to_string(text) + ": " + words.getStringToActionType(id) + "\n";
+    table += "\nstate attribute: name, report name; description, report description\n";
+    for (int value = -1; value <= 131; ++value) {
+        const StateAttributeBase attribute(StateAttributeToken{value});
+        table += names(value, words.getStringToStateAttrToken(attribute.getToken()), attribute);
+    }
+    support::expectGolden("text_ids_of_actions.txt", table);
 }
 
 TEST(TextIds, OfTheContext)
