@@ -109,33 +109,6 @@ TEST_F(CoefficientsReading, OfDocuments)
     EXPECT_EQ(values(), before);
 }
 
-TEST_F(CoefficientsReading, OfEachTableReachesItsGetterAlone)
-{
-    const char* const keys[][lastKey + 1] = {
-        {"PERSISTENT", "ACCIDENTAL", "ACCIDENTAL_EQ"},
-        {"",           "BUILDING",   "BRIDGE"       }
-    };
-    std::ostringstream document;
-    for (const Coefficient& coefficient : coefficients) {
-        document << "<" << coefficient.element << "><ANNEX NAME=\"EC\">";
-        for (int key = lastKey; key >= coefficient.firstKey; --key) {
-            const char* const word = keys[coefficient.firstKey][key];
-            document << "<" << word << ">" << distinctValue(coefficient, Mode::EC, key) << "</"
-                     << word << ">";
-        }
-        document << "</ANNEX></" << coefficient.element << ">";
-    }
-    readCoefficients("<COEFFICIENTS>" + document.str() + "</COEFFICIENTS>");
-    for (const Coefficient& coefficient : coefficients)
-        for (int mode = -1; mode <= 9; ++mode)
-            for (int key = -1; key <= 3; ++key)
-                EXPECT_EQ(coefficient.get(Mode{mode}, key),
-                          mode >= 1 && mode <= 8 && key >= coefficient.firstKey && key <= lastKey
-                              ? distinctValue(coefficient, Mode::EC, key)
-                              : 0.0)
-                    << coefficient.element << " " << mode << " " << key;
-}
-
 TEST_F(CoefficientsReading, SettersReachTheirOwnValueAlone)
 {
     // Every value is different, so a crossed pair shows. Keys are not checked.

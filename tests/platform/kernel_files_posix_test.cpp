@@ -17,19 +17,6 @@ namespace fs = std::filesystem;
 namespace
 {
 
-unsigned int permissionsOf(const fs::path& path)
-{
-    return static_cast<unsigned int>(fs::status(path).permissions());
-}
-
-std::string temporaryFile(const support::TemporaryDirectory& directory)
-{
-    std::string name(MAX_PATH, '\0');
-    if (GetTempFileNameA(directory.path().c_str(), "zel", 0, name.data()) == 0)
-        return {};
-    return name.c_str();
-}
-
 std::ptrdiff_t entriesOf(const fs::path& directory)
 {
     return std::distance(fs::directory_iterator(directory), fs::directory_iterator());
@@ -41,36 +28,15 @@ dev_t deviceOf(const fs::path& path)
     return stat(path.c_str(), &status) == 0 ? status.st_dev : 0;
 }
 
-/// Two directories on different file systems, and a umask for the time of a test.
+/// Two directories on different file systems.
 class PosixFiles : public testing::Test
 {
 protected:
-    void SetUp() override { before_ = umask(0027); }
-    void TearDown() override { umask(before_); }
-
     const support::TemporaryDirectory here_;
     const support::TemporaryDirectory there_{"/dev/shm"};
-
-private:
-    mode_t before_ = 0;
 };
 
 } // namespace
-
-TEST_F(PosixFiles, ArePrivateUntilTheyAreMoved)
-{
-    for (const auto* target : {&here_, &there_}) {
-        const std::string temporary = temporaryFile(here_);
-        EXPECT_EQ(permissionsOf(temporary), 0600U);
-        support::writeFile(temporary, "x");
-        EXPECT_EQ(MoveFileA(temporary.c_str(), target->file("none/a").c_str()), FALSE);
-        EXPECT_EQ(permissionsOf(temporary), 0600U) << "a move that failed";
-        ASSERT_NE(MoveFileA(temporary.c_str(), target->file("a").c_str()), FALSE);
-        EXPECT_EQ(permissionsOf(target->file("a")), 0640U);
-        EXPECT_EQ(support::readFile(target->file("a")), "x");
-        EXPECT_FALSE(fs::exists(temporary));
-    }
-}
 
 TEST_F(PosixFiles, MoveWholeOrNotAtAllBetweenFileSystems)
 {
