@@ -1,6 +1,7 @@
 // What is asked a thousand times asks for no memory.
 
 #include <zelstandard/actions/ActionTypeManager.h>
+#include <zelstandard/attributes/StateAttribute.h>
 #include <zelstandard/attributes/StateAttributeValidator.h>
 #include <zelstandard/flat.h>
 
