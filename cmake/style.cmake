@@ -8,7 +8,7 @@ endif()
 
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS src/*.h suite/*.h command/*.h)
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp suite/*.cpp command/*.cpp)
-file(GLOB_RECURSE others CONFIGURE_DEPENDS tests/*.h tests/*.cpp examples/*.c examples/*.cpp
+file(GLOB_RECURSE others CONFIGURE_DEPENDS tests/*.h tests/*.cpp tools/*.cpp examples/*.c examples/*.cpp
     benchmarks/*.h benchmarks/*.cpp fuzz/*.cpp)
 
 set(stamps ${PROJECT_BINARY_DIR}/style)
