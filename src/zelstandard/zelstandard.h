@@ -13,6 +13,7 @@
 #include <zelstandard/attributes/StateAttributeWriter.h>
 #include <zelstandard/context/IO.h>
 #include <zelstandard/context/ZelStandard.h>
+#include <zelstandard/datafiles/DataFileKey.h>
 #include <zelstandard/datafiles/zelofstream.h>
 #include <zelstandard/flat.h>
 #include <zelstandard/instructions/StateInstructionManager.h>

@@ -5,6 +5,7 @@
 #include <new>
 #include <sstream>
 
+#include <zelstandard/datafiles/DataFileKey.h>
 #include <zelstandard/platform/FileCrypt.h>
 #include <zelstandard/platform/Tools.h>
 #include <zelstandard/platform/WindowsFiles.h>
@@ -15,11 +16,11 @@ namespace Standard
 namespace
 {
 
-/// The key of all enciphered data files. It keeps them from being edited by accident; it is not a
-/// secret.
 const char* const dataFileKey = "kT$WqRmYdNc4";
 
 } // namespace
+
+std::string getDataFileKey() { return dataFileKey; }
 
 std::unique_ptr<std::istream> openInputFile(const std::string& path)
 {

@@ -1,0 +1,253 @@
+#include <algorithm>
+#include <ostream>
+#include <string_view>
+
+#include <command/answer/Answer.h>
+
+namespace command
+{
+
+namespace
+{
+
+constexpr std::size_t pageWidth = 100;
+
+std::string padded(const std::string& text, std::size_t width)
+{
+    const std::size_t has = widthOf(text);
+    return has < width ? text + std::string(width - has, ' ') : text;
+}
+
+std::string padding(std::size_t width, std::size_t has)
+{
+    return std::string(width > has ? width - has : 0, ' ');
+}
+
+/// How wide the parts of a column are. Numbers stand by their decimal points, and their marks
+/// behind them.
+struct Layout {
+    std::size_t before = 0; ///< the point, of numbers
+    std::size_t behind = 0; ///< the point and the decimals
+    std::size_t text = 0;   ///< of title and texts, without marks
+    std::size_t marks = 0;
+    bool isNumeric = false;
+
+    [[nodiscard]] std::size_t width() const { return std::max(text, before + behind); }
+};
+
+std::size_t pointOf(const std::string& number) { return std::min(number.find('.'), number.size()); }
+
+std::string shown(const Cell& cell)
+{
+    return cell.number ? numberText(*cell.number, cell.decimals) : cell.text;
+}
+
+Layout layoutOf(const Table& table, std::size_t column)
+{
+    Layout layout;
+    layout.text = widthOf(table.columns[column].title);
+    for (const auto& row : table.rows) {
+        const Cell& cell = row[column];
+        const std::string text = shown(cell);
+        layout.marks = std::max(layout.marks, cell.marks.size());
+        if (cell.number) {
+            layout.isNumeric = true;
+            layout.before = std::max(layout.before, pointOf(text));
+            layout.behind = std::max(layout.behind, text.size() - pointOf(text));
+        } else {
+            layout.text = std::max(layout.text, widthOf(text));
+        }
+    }
+    return layout;
+}
+
+class TextPrinter
+{
+public:
+    TextPrinter(std::ostream& out, bool coloured) : out_(out), coloured_(coloured) {}
+
+    void print(const Answer& answer)
+    {
+        bool isFirst = true;
+        for (const Section& section : answer.sections) {
+            if (!isFirst && !section.title.empty())
+                out_ << '\n';
+            isFirst = false;
+            print(section);
+        }
+        for (const Finding& finding : answer.findings)
+            print(finding);
+        for (const char sign : legend_)
+            if (const Mark* mark = findMark(sign))
+                out_ << "  " << paint(std::string(1, sign), "33") << ' ' << mark->text << '\n';
+        for (const std::string& note : answer.notes)
+            wrap(note);
+        if (!answer.more.empty())
+            out_ << "more: " << answer.more << '\n';
+    }
+
+private:
+    void print(const Section& section)
+    {
+        for (const std::string& line : section.title)
+            out_ << paint(line, "1") << '\n';
+        if (section.table)
+            print(*section.table);
+        for (std::size_t i = 0; i < section.chain.size(); ++i)
+            print(section.chain, i);
+        for (const std::string& line : section.lines)
+            wrap(line);
+    }
+
+    void print(const Table& table)
+    {
+        std::vector<Layout> layouts;
+        for (std::size_t i = 0; i < table.columns.size(); ++i)
+            layouts.push_back(layoutOf(table, i));
+        printTitles(table, layouts);
+        for (const auto& row : table.rows) {
+            std::string line;
+            std::size_t width = 0;
+            for (std::size_t i = 0; i < row.size(); ++i)
+                if (!table.columns[i].hidden)
+                    addCell(row[i], layouts[i], line, width);
+            putLine(line);
+        }
+    }
+
+    void printTitles(const Table& table, const std::vector<Layout>& layouts)
+    {
+        std::string line;
+        for (std::size_t i = 0; i < layouts.size(); ++i) {
+            if (table.columns[i].hidden)
+                continue;
+            const std::string& title = table.columns[i].title;
+            const Layout& layout = layouts[i];
+            line += layout.isNumeric ? padding(layout.width(), widthOf(title)) + title
+                                     : padded(title, layout.width());
+            line += std::string(layout.marks + 2, ' ');
+        }
+        if (line.find_first_not_of(' ') != std::string::npos)
+            putLine(line);
+    }
+
+    void addCell(const Cell& cell, const Layout& layout, std::string& line, std::size_t&)
+    {
+        const std::string text = shown(cell);
+        if (cell.number) {
+            const std::size_t left = layout.width() - layout.behind;
+            line += padding(left, pointOf(text)) + text;
+            // Marks stand at the number, not behind decimals that others have.
+            line += marksOf(cell) + padding(layout.behind + layout.marks,
+                                            text.size() - pointOf(text) + cell.marks.size());
+        } else if (layout.isNumeric) {
+            line += padding(layout.width(), widthOf(text)) + text + marksOf(cell) +
+                    padding(layout.marks, cell.marks.size());
+        } else {
+            line += padded(text, layout.width()) + marksOf(cell) +
+                    padding(layout.marks, cell.marks.size());
+        }
+        line += "  ";
+    }
+
+    std::string marksOf(const Cell& cell)
+    {
+        for (const char sign : cell.marks)
+            if (legend_.find(sign) == std::string::npos)
+                legend_ += sign;
+        return cell.marks.empty() ? "" : paint(cell.marks, "33");
+    }
+
+    void print(const std::vector<ChainStep>& chain, std::size_t index)
+    {
+        std::size_t what = 0;
+        std::size_t place = 0;
+        for (const ChainStep& step : chain) {
+            what = std::max(what, widthOf(step.what));
+            place = std::max(place, widthOf(placeText(step.place)));
+        }
+        const ChainStep& step = chain[index];
+        const std::string number = std::to_string(index + 1);
+        std::string line = padding(3, number.size()) + number + "  " + shown(step.value) +
+                           marksOf(step.value) + "  " + padded(step.what, what) + "  " +
+                           padded(placeText(step.place), place) + "  ";
+        std::string origin = step.source;
+        if (!step.status.empty())
+            origin += (origin.empty() ? "(" : " (") + step.status + ")";
+        if (widthOf(line) + widthOf(origin) > pageWidth) {
+            putLine(line);
+            line = std::string(9, ' ');
+        }
+        putLine(line + origin);
+    }
+
+    static std::string placeText(const Place& place)
+    {
+        if (place.line == 0)
+            return place.file;
+        return place.file + ":" + std::to_string(place.line);
+    }
+
+    void print(const Finding& finding)
+    {
+        static constexpr const char* words[] = {"error", "warning", "note"};
+        static constexpr const char* colours[] = {"31", "35", "36"};
+        const auto severity = static_cast<std::size_t>(finding.severity);
+        out_ << paint(finding.place.file + ":" + std::to_string(finding.place.line) + ":" +
+                          std::to_string(finding.place.column) + ":",
+                      "1")
+             << ' ' << paint(std::string(words[severity]) + ":", colours[severity]) << ' '
+             << finding.message << "  [" << finding.rule << "]\n";
+        if (finding.snippet.empty())
+            return;
+        std::string marker;
+        for (std::size_t i = 0; i + 1 < finding.place.column; ++i)
+            marker += i < finding.snippet.size() && finding.snippet[i] == '\t' ? '\t' : ' ';
+        marker += '^' + std::string(finding.length > 1 ? finding.length - 1 : 0, '~');
+        out_ << finding.snippet << '\n' << paint(marker, "32");
+        out_ << (finding.hint.empty() ? "" : "  " + finding.hint) << '\n';
+    }
+
+    /// A sentence, broken between words where it is too long.
+    void wrap(const std::string& text)
+    {
+        const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());
+        std::string line;
+        for (std::size_t at = 0; at <= text.size();) {
+            const std::size_t end = std::min(text.find(' ', std::max(at, indent)), text.size());
+            const std::string word = text.substr(at, end - at);
+            if (!line.empty() && widthOf(line) + 1 + widthOf(word) > pageWidth) {
+                putLine(line);
+                line = std::string(indent, ' ') + word;
+            } else {
+                line += (line.empty() ? "" : " ") + word;
+            }
+            at = end + 1;
+        }
+        putLine(line);
+    }
+
+    void putLine(std::string line)
+    {
+        line.erase(line.find_last_not_of(' ') + 1);
+        out_ << line << '\n';
+    }
+
+    [[nodiscard]] std::string paint(const std::string& text, const char* colour) const
+    {
+        return coloured_ ? "\x1b[" + std::string(colour) + "m" + text + "\x1b[0m" : text;
+    }
+
+    std::ostream& out_;
+    bool coloured_;
+    std::string legend_; ///< the marks that were printed
+};
+
+} // namespace
+
+void printText(const Answer& answer, std::ostream& out, bool coloured)
+{
+    TextPrinter(out, coloured).print(answer);
+}
+
+} // namespace command

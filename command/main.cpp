@@ -1,0 +1,162 @@
+#include <cstdlib>
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+#include <zelstandard/context/ZelStandard.h>
+#include <zelsuite/zelsuite.h>
+
+#include <command/names/Names.h>
+#include <command/verbs/Terminal.h>
+#include <command/verbs/Verbs.h>
+#include <command/vocabulary/Failure.h>
+
+namespace command
+{
+
+// clang-format off
+const std::vector<Verb> verbs = {
+    {"factors", "The factors of actions, the codes below one another", "zelstandard factors wind --code EC,BS,DIN-EN --for building", declareFactors},
+};
+// clang-format on
+
+namespace
+{
+
+void declareOptions(CLI::App& app, Options& options)
+{
+    app.add_option("--data", options.data, "Data folder, else that of the installation")
+        ->type_name("DIR");
+    app.add_option("--lang", options.language, "Language of display names and of the report")
+        ->check(CLI::IsMember({"en", "de"}));
+    app.add_option("--format", options.format, "Form of the answer; sarif for findings")
+        ->check(CLI::IsMember({"text", "json", "csv", "sarif"}));
+    app.add_option("--color", options.color, "Colours in the text; NO_COLOR turns them off")
+        ->check(CLI::IsMember({"auto", "always", "never"}));
+    app.add_option("--code", options.codes, "Design codes: one, several (EC,BS), or all")
+        ->type_name("CODE")
+        ->allow_extra_args(false);
+    app.add_option("--for", options.structures, "Structures: one, several, or all")
+        ->type_name("STRUCTURE")
+        ->allow_extra_args(false);
+    app.add_option("--material", options.material, "Design material")->type_name("WORD");
+    app.add_option("--situation", options.situation, "Design situation")->type_name("WORD");
+    app.add_flag("--strict", options.isStrict,
+                 "Status 1 when the answer rests on inherited values, conventions or safe sides");
+    app.add_flag("!--no-office", options.hasOffice, "Without the office's values of Office.xml");
+}
+
+void applySettings(const Options& options)
+{
+    ZelStandard& standard = *ZelStandard::get();
+    if (!options.material.empty())
+        standard.setDesignMaterial(materialNamed(options.material));
+    if (!options.situation.empty())
+        standard.setSituation(situationNamed(options.situation));
+}
+
+bool isColoured(const Options& options, const std::ostream& out)
+{
+    if (options.color != "auto")
+        return options.color == "always";
+    const char* none = std::getenv("NO_COLOR");
+    return (!none || !*none) && &out == &std::cout && isTerminal();
+}
+
+void print(const Answer& answer, const std::vector<std::string>& words, const Options& options,
+           std::ostream& out)
+{
+    if (options.format == "json")
+        printJson(answer, words, out);
+    else if (options.format == "csv")
+        printCsv(answer, out);
+    else if (options.format == "sarif")
+        printSarif(answer, out);
+    else
+        printText(answer, out, isColoured(options, out));
+}
+
+int complain(const std::string& message, std::ostream& err)
+{
+    err << "zelstandard: " << message << '\n';
+    return 2;
+}
+
+/// What stands in the place of a verb that there is not.
+std::string unknownVerb(const CLI::App& app)
+{
+    const std::vector<std::string> rest = app.remaining();
+    if (rest.empty())
+        return "a verb is missing\nAll: zelstandard --help";
+    std::vector<std::string> names;
+    for (const Verb& verb : verbs)
+        names.emplace_back(verb.name);
+    std::string message = "no verb \"" + rest.front() + "\".";
+    for (const std::string& near : nearest(rest.front(), names))
+        message += (message.ends_with('.') ? " Near: " : ", ") + near;
+    return message + "\nAll: zelstandard --help";
+}
+
+} // namespace
+
+int answerLine(const std::vector<std::string>& words, Session* session, const Options& defaults,
+               std::ostream& out, std::ostream& err)
+{
+    Options options = defaults;
+    CLI::App app("Design codes, actions, superposition and materials: what the data say, and why.",
+                 "zelstandard");
+    app.fallthrough();
+    declareOptions(app, options);
+    app.set_version_flag("--version",
+                         [] { return std::string("zelstandard " ZELSTANDARD_VERSION); });
+    app.footer("Example: zelstandard factors wind --code EC,BS,DIN-EN --for building");
+    std::vector<std::pair<CLI::App*, Question>> questions;
+    for (const Verb& verb : verbs) {
+        CLI::App* sub = app.add_subcommand(verb.name, verb.purpose);
+        sub->footer(std::string("Example: ") + verb.example);
+        questions.emplace_back(sub, verb.declare(*sub));
+    }
+    try {
+        std::vector<std::string> reversed(words.rbegin(), words.rend());
+        app.parse(reversed);
+        const Question* question = nullptr;
+        for (const auto& [sub, asked] : questions)
+            if (sub->parsed())
+                question = &asked;
+        if (!question)
+            return complain(unknownVerb(app), err);
+        zelsuite::setLanguage(options.language);
+        std::unique_ptr<Session> own;
+        if (!session) {
+            own = std::make_unique<Session>(options);
+            session = own.get();
+        }
+        applySettings(options);
+        Answer answer = (*question)({options, *session, out, err});
+        if (options.isStrict && restsOnUnconfirmed(answer))
+            answer.status = std::max(answer.status, 1);
+        print(answer, words, options, out);
+        return answer.status;
+    } catch (const CLI::Success& help) {
+        app.exit(help, out, err);
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return complain(app.get_subcommands().empty() && !app.remaining().empty()
+                            ? unknownVerb(app)
+                            : std::string(error.what()) + "\nHelp: zelstandard --help",
+                        err);
+    } catch (const Failure& failure) {
+        return complain(failure.what(), err);
+    } catch (const std::bad_alloc&) {
+        return complain("out of memory", err);
+    }
+}
+
+} // namespace command
+
+int main(int count, char** arguments)
+{
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    const int status = command::answerLine(words, nullptr, {}, std::cout, std::cerr);
+    std::cout.flush();
+    return std::cout ? status : 2;
+}

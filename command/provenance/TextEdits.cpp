@@ -1,0 +1,60 @@
+#include <command/provenance/TextEdits.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace command
+{
+
+namespace
+{
+
+/// The blanks in front of the element in its line.
+std::string indentationOf(const Element& element)
+{
+    const std::string_view line = element.document->lineText(element.position().line);
+    return std::string(line.substr(0, line.find_first_not_of(" \t")));
+}
+
+} // namespace
+
+void TextEdits::replace(std::size_t begin, std::size_t end, std::string text)
+{
+    edits_.push_back({begin, end, std::move(text)});
+}
+
+void TextEdits::append(const Element& element, const std::string& text)
+{
+    const std::string indentation = indentationOf(element);
+    const std::string line = "\n" + indentation + "  " + text;
+    if (!element.isEmptyTag()) {
+        // Behind the last child, so that the end tag keeps its line.
+        const std::size_t at =
+            element.children.empty() ? element.contentBegin : element.children.back()->end;
+        replace(at, at, element.children.empty() ? line + "\n" + indentation : line);
+        return;
+    }
+    // "<A/>" becomes "<A>...</A>"; a second text goes between them.
+    const auto opened = std::ranges::find(edits_, element.end - 2, &Edit::begin);
+    if (opened != edits_.end()) {
+        opened->text.insert(opened->text.rfind("\n" + indentation + "</"), line);
+        return;
+    }
+    replace(element.end - 2, element.end,
+            ">" + line + "\n" + indentation + "</" + std::string(element.name) + ">");
+}
+
+std::string TextEdits::apply() const
+{
+    std::vector<Edit> edits = edits_;
+    std::ranges::stable_sort(edits, {}, &Edit::begin);
+    std::string result;
+    std::size_t at = 0;
+    for (const Edit& edit : edits) {
+        result.append(document_.text(), at, edit.begin - at).append(edit.text);
+        at = edit.end;
+    }
+    return result.append(document_.text(), at);
+}
+
+} // namespace command

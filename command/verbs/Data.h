@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <zelstandard/actions/ActionTypeManager.h>
+#include <zelstandard/attributes/StateAttributeManager.h>
+#include <zelstandard/instructions/StateInstructionManager.h>
+
+#include <command/provenance/ActionValues.h>
+#include <command/provenance/MaterialValues.h>
+
+namespace command
+{
+
+/// The data files of one folder, and what the library makes of them. Everything is read when it is
+/// asked for first; what cannot be read throws Failure.
+class Data
+{
+public:
+    /// @param folder the data folder; empty for that of the installation
+    /// @param withOffice whether Office.xml is laid over where it exists
+    Data(std::string folder, bool withOffice);
+
+    [[nodiscard]] const std::string& folder() const { return folder_; }
+
+    // Their paths: beside one another in the folder, unless another file was named in their place.
+
+    [[nodiscard]] const std::string& actionsPath() const { return actionsPath_; }
+    [[nodiscard]] const std::string& attributesPath() const { return attributesPath_; }
+    [[nodiscard]] const std::string& settingsPath() const { return settingsPath_; }
+    /// Also when there is no such file.
+    [[nodiscard]] std::string officePath() const { return folder_ + "/Office.xml"; }
+
+    // The documents.
+
+    const Document& actionsDocument();
+    const Document& attributesDocument();
+    const Document& settingsDocument();
+    /// Null when there is none, or when it is left out.
+    const Document* officeDocument();
+
+    // Where their values come from.
+
+    const ActionFile& actionValues();
+    const MaterialFile& materialValues();
+
+    // What the library answers; the office's values are laid over. These objects stay for the life
+    // of Data.
+
+    Standard::ActionTypeManager& actions();
+    Standard::StateAttributeManager& attributes();
+    Standard::StateInstructionManager& rules();
+
+    // Another file in the place of one of the folder's; what the library holds is read anew.
+
+    void useActions(const std::string& path);
+    void useAttributes(const std::string& path);
+    void useSettings(const std::string& path);
+
+private:
+    std::shared_ptr<const Document> document(std::shared_ptr<const Document>& kept,
+                                             const std::string& path);
+
+    std::string folder_;
+    bool withOffice_;
+    std::string actionsPath_;
+    std::string attributesPath_;
+    std::string settingsPath_;
+    std::shared_ptr<const Document> actionsDocument_;
+    std::shared_ptr<const Document> attributesDocument_;
+    std::shared_ptr<const Document> settingsDocument_;
+    std::shared_ptr<const Document> officeDocument_;
+    std::unique_ptr<ActionFile> actionValues_;
+    std::unique_ptr<MaterialFile> materialValues_;
+    // The attributes point at actions.
+    std::unique_ptr<Standard::ActionTypeManager> actions_;
+    std::unique_ptr<Standard::StateAttributeManager> attributes_;
+    std::unique_ptr<Standard::StateInstructionManager> rules_;
+};
+
+} // namespace command

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include <command/verbs/Verb.h>
+
+namespace command
+{
+
+/// A table of the nine factors: the numbers as the library gives them, the marks by their sources.
+class FactorTable
+{
+public:
+    /// @param key of the first column
+    FactorTable(const Context& context, const std::string& key);
+
+    /// A row of one action, code and structure; "-" where the action has no factors. What differs
+    /// from the other code is marked.
+    void add(const std::string& heading, ActionTypeId action, Mode code, Structure structure,
+             std::optional<Mode> compared);
+
+    /// The table; without all, a factor that repeats another one everywhere is not shown.
+    Table finish(bool all);
+
+private:
+    const Context& context_;
+    Table table_;
+};
+
+} // namespace command
