@@ -15,7 +15,17 @@ namespace command
 
 // clang-format off
 const std::vector<Verb> verbs = {
-    {"factors", "The factors of actions, the codes below one another", "zelstandard factors wind --code EC,BS,DIN-EN --for building", declareFactors},
+    {"list",       "What there is: word, number, display name",                        "zelstandard list actions",                                       declareList},
+    {"find",       "Everything whose word or name has the text in it",                 "zelstandard find snow",                                          declareFind},
+    {"where",      "Data folder, files, versions, enciphered or plain",                "zelstandard where",                                              declareWhere},
+    {"factors",    "The factors of actions, the codes below one another",              "zelstandard factors wind --code EC,BS,DIN-EN --for building",    declareFactors},
+    {"table",      "All actions of a code and structure",                              "zelstandard table --code BS --for road --compare EC",            declareTable},
+    {"explain",    "The steps to a number: file, line, value, source, status",         "zelstandard explain wind psi0 --code BS --for building",         declareExplain},
+    {"attributes", "The state attributes in force",                                    "zelstandard attributes --code EC --for road --all",              declareAttributes},
+    {"rules",      "The superposition rules in force, and the factors that they apply", "zelstandard rules fundamental --code EC --for building",        declareRules},
+    {"material",   "Partial factors of materials, coefficients, control values",       "zelstandard material --code BS,DIN-EN",                          declareMaterial},
+    {"settings",   "The eight settings: show, or set one in the file",                 "zelstandard settings show",                                      declareSettings},
+    {"batch",      "Verbs line by line, with the operations of the library",           "echo \"factors wind\" | zelstandard batch",                      declareBatch},
 };
 // clang-format on
 
@@ -112,8 +122,9 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
     std::vector<std::pair<CLI::App*, Question>> questions;
     for (const Verb& verb : verbs) {
         CLI::App* sub = app.add_subcommand(verb.name, verb.purpose);
-        sub->footer(std::string("Example: ") + verb.example);
         questions.emplace_back(sub, verb.declare(*sub));
+        sub->footer(sub->get_footer() + (sub->get_footer().empty() ? "" : "\n") +
+                    "Example: " + verb.example);
     }
     try {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
@@ -134,7 +145,8 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
         Answer answer = (*question)({options, *session, out, err});
         if (options.isStrict && restsOnUnconfirmed(answer))
             answer.status = std::max(answer.status, 1);
-        print(answer, words, options, out);
+        if (!answer.isPrinted)
+            print(answer, words, options, out);
         return answer.status;
     } catch (const CLI::Success& help) {
         app.exit(help, out, err);

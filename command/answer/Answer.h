@@ -28,9 +28,10 @@ struct Cell {
 };
 
 struct Column {
-    std::string key;     ///< in JSON and CSV: lower case, "_" for blanks
-    std::string title;   ///< over the column
-    bool hidden = false; ///< left out of the text, where it repeats another one
+    std::string key;        ///< in JSON and CSV: lower case, "_" for blanks
+    std::string title;      ///< over the column
+    bool hidden = false;    ///< left out of the text, where it repeats another one
+    bool droppable = false; ///< left out of a text that would become too wide
 };
 
 struct Table {
@@ -83,6 +84,7 @@ struct Answer {
     std::vector<std::string> notes; ///< below everything: what the answer takes for granted
     std::string more;               ///< the next useful question; empty for none
     int status = 0;                 ///< exit status: 0 fine, 1 findings
+    bool isPrinted = false;         ///< the verb has printed all itself
 
     Section& section(std::string title = {});
     void note(std::string text); ///< once, however often it is said

@@ -99,18 +99,27 @@ private:
             wrap(line);
     }
 
-    void print(const Table& table)
+    void print(Table table)
     {
         std::vector<Layout> layouts;
         for (std::size_t i = 0; i < table.columns.size(); ++i)
             layouts.push_back(layoutOf(table, i));
+        const auto width = [&] {
+            std::size_t sum = 0;
+            for (std::size_t i = 0; i < layouts.size(); ++i)
+                if (!table.columns[i].hidden)
+                    sum += layouts[i].width() + layouts[i].marks + 2;
+            return sum;
+        };
+        for (Column& column : table.columns)
+            if (column.droppable && width() > pageWidth + 2)
+                column.hidden = true;
         printTitles(table, layouts);
         for (const auto& row : table.rows) {
             std::string line;
-            std::size_t width = 0;
             for (std::size_t i = 0; i < row.size(); ++i)
                 if (!table.columns[i].hidden)
-                    addCell(row[i], layouts[i], line, width);
+                    addCell(row[i], layouts[i], line);
             putLine(line);
         }
     }
@@ -131,7 +140,7 @@ private:
             putLine(line);
     }
 
-    void addCell(const Cell& cell, const Layout& layout, std::string& line, std::size_t&)
+    void addCell(const Cell& cell, const Layout& layout, std::string& line)
     {
         const std::string text = shown(cell);
         if (cell.number) {

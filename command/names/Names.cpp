@@ -501,7 +501,8 @@ std::vector<Known> listOf(const std::string& kind)
     const auto found = std::ranges::find(allKinds(), kind, &Kind::name);
     std::vector<Known> result;
     for (const Entry& entry : found->all())
-        result.push_back({entry.word, entry.value, entry.names[languageInForce()], entry.synonyms});
+        result.push_back({entry.word, entry.value, entry.names[languageInForce()], entry.synonyms,
+                          entry.names[1 - languageInForce()]});
     return result;
 }
 

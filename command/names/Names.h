@@ -53,6 +53,7 @@ struct Known {
     int number = 0;
     std::string name;
     std::vector<std::string> synonyms;
+    std::string otherName; ///< in the other language
 };
 
 /// The kinds that "list" knows: codes, actions, structures, factors, rules, attributes, materials,

@@ -109,23 +109,66 @@ Standard::StateInstructionManager& Data::rules()
     return *rules_;
 }
 
-void Data::useActions(const std::string& path)
+void Data::dropActions()
 {
-    actionsPath_ = path;
+    rules_.reset();
+    attributes_.reset(); // they point at actions
     actionsDocument_.reset();
     actionValues_.reset();
-    rules_.reset();
-    attributes_.reset();
-    actions_.reset();
 }
 
-void Data::useAttributes(const std::string& path)
+void Data::loadActions(const std::string& path)
 {
+    if (!Tools::File::exists(path))
+        return;
+    dropActions();
+    actionsPath_ = path;
+    if (actions_)
+        actions_->init(path);
+    else
+        actions_ = std::make_unique<Standard::ActionTypeManager>(path);
+}
+
+void Data::loadActions(const ZelXmlTree& tree, const std::string& text)
+{
+    dropActions();
+    actionsDocument_ = Document::parse("ActionTypes.xml", text);
+    if (actions_)
+        actions_->init(tree);
+    else
+        actions_ = std::make_unique<Standard::ActionTypeManager>(tree);
+}
+
+void Data::loadAttributes(const std::string& path)
+{
+    if (!Tools::File::exists(path))
+        return;
+    rules_.reset();
     attributesPath_ = path;
     attributesDocument_.reset();
-    rules_.reset();
-    attributes_.reset();
+    attributes_ = std::make_unique<Standard::StateAttributeManager>(&actions());
+    attributes_->init(path);
 }
+
+void Data::loadAttributes(const ZelXmlTree& tree, const std::string& text)
+{
+    rules_.reset();
+    attributesDocument_ = Document::parse("StateAttributes.xml", text);
+    attributes_ = std::make_unique<Standard::StateAttributeManager>(&actions());
+    attributes_->init(tree);
+}
+
+Standard::StateInstructionManager& Data::emptyRules()
+{
+    ZelStandard& standard = *ZelStandard::get();
+    const std::string path = standard.getDataBaseDir();
+    standard.setAlternativeDBPath("no such file");
+    rules_ = std::make_unique<Standard::StateInstructionManager>(&attributes());
+    standard.setAlternativeDBPath(path);
+    return *rules_;
+}
+
+void Data::forget() { rules_.reset(); }
 
 void Data::useSettings(const std::string& path)
 {

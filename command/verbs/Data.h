@@ -7,6 +7,8 @@
 #include <zelstandard/attributes/StateAttributeManager.h>
 #include <zelstandard/instructions/StateInstructionManager.h>
 
+#include <zelstandard/platform/ZelXml.h>
+
 #include <command/provenance/ActionValues.h>
 #include <command/provenance/MaterialValues.h>
 
@@ -52,13 +54,22 @@ public:
     Standard::StateAttributeManager& attributes();
     Standard::StateInstructionManager& rules();
 
-    // Another file in the place of one of the folder's; what the library holds is read anew.
+    // Another document in the place of one of the folder's, read by the library's own operations: a
+    // missing file keeps what there is. Attributes and rules are read anew when they are asked for.
 
-    void useActions(const std::string& path);
-    void useAttributes(const std::string& path);
+    void loadActions(const std::string& path);
+    void loadActions(const ZelXmlTree& tree, const std::string& text);
+    void loadAttributes(const std::string& path);
+    void loadAttributes(const ZelXmlTree& tree, const std::string& text);
+    /// Settings, coefficients, control values and rules.
     void useSettings(const std::string& path);
+    /// A catalogue of rules that only holds those that are now read into it.
+    Standard::StateInstructionManager& emptyRules();
+    /// Forgets all that was made with the settings.
+    void forget();
 
 private:
+    void dropActions();
     std::shared_ptr<const Document> document(std::shared_ptr<const Document>& kept,
                                              const std::string& path);
 

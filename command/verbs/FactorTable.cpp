@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <command/names/Names.h>
 #include <command/vocabulary/Failure.h>
 
 namespace command
@@ -34,9 +35,12 @@ bool repeats(const Cell& cell, const Cell& leader)
 
 } // namespace
 
-FactorTable::FactorTable(const Context& context, const std::string& key) : context_(context)
+FactorTable::FactorTable(const Context& context, const std::string& key, bool withNames)
+    : context_(context), withNames_(withNames)
 {
     table_.columns.push_back({key, ""});
+    if (withNames)
+        table_.columns.push_back({"name", "", false, true});
     for (const FactorRow& row : factors)
         table_.columns.push_back({row.key, row.title});
 }
@@ -45,6 +49,8 @@ void FactorTable::add(const std::string& heading, ActionTypeId action, Mode code
                       Structure structure, std::optional<Mode> compared)
 {
     std::vector<Cell> row = {heading};
+    if (withNames_)
+        row.emplace_back(nameOf(action));
     const SafetyFactors* given = libraryFactors(context_, action, code, structure);
     const FactorSet* derived = derivedFactors(context_, action, code, structure);
     if (!given != !derived)
@@ -69,14 +75,15 @@ void FactorTable::add(const std::string& heading, ActionTypeId action, Mode code
 Table FactorTable::finish(bool all)
 {
     const Cell one(1.0);
+    const std::size_t first = withNames_ ? 2 : 1;
     for (const FactorRow& factor : factors) {
-        const std::size_t column = static_cast<std::size_t>(factor.value) + 1;
+        const std::size_t column = static_cast<std::size_t>(factor.value) + first;
         const bool isCrackRed = factor.value == Factor::CrackRed;
         if (all || (!isCrackRed && factor.leader == factor.value))
             continue;
         table_.columns[column].hidden = std::ranges::all_of(table_.rows, [&](const auto& row) {
             return repeats(row[column],
-                           isCrackRed ? one : row[static_cast<std::size_t>(factor.leader) + 1]);
+                           isCrackRed ? one : row[static_cast<std::size_t>(factor.leader) + first]);
         });
     }
     return std::move(table_);

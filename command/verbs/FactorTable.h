@@ -13,7 +13,8 @@ class FactorTable
 {
 public:
     /// @param key of the first column
-    FactorTable(const Context& context, const std::string& key);
+    /// @param withNames a second column has the display names of the actions
+    FactorTable(const Context& context, const std::string& key, bool withNames = false);
 
     /// A row of one action, code and structure; "-" where the action has no factors. What differs
     /// from the other code is marked.
@@ -25,6 +26,7 @@ public:
 
 private:
     const Context& context_;
+    bool withNames_;
     Table table_;
 };
 

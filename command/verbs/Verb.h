@@ -53,6 +53,8 @@ struct Context {
     std::ostream& err;
 
     [[nodiscard]] Data& data() const { return session.data; }
+    /// False when people read the answer.
+    [[nodiscard]] bool isMachineRead() const { return options.format != "text"; }
 
     /// The codes that the question is about: --code, else the one in force.
     [[nodiscard]] std::vector<Mode> codes() const;

@@ -8,6 +8,16 @@
 namespace command
 {
 
+Question declareList(CLI::App& app);
+Question declareFind(CLI::App& app);
+Question declareWhere(CLI::App& app);
 Question declareFactors(CLI::App& app);
+Question declareTable(CLI::App& app);
+Question declareExplain(CLI::App& app);
+Question declareAttributes(CLI::App& app);
+Question declareRules(CLI::App& app);
+Question declareMaterial(CLI::App& app);
+Question declareSettings(CLI::App& app);
+Question declareBatch(CLI::App& app);
 
 } // namespace command
