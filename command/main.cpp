@@ -91,6 +91,18 @@ int complain(const std::string& message, std::ostream& err)
     return 2;
 }
 
+/// That of the program and of each data file that says one.
+int printVersion(const Options& options, std::ostream& out)
+{
+    Session session(options);
+    Data& data = session.data;
+    out << "zelstandard " ZELSTANDARD_VERSION << '\n';
+    for (const Document* document :
+         {&data.actionsDocument(), &data.attributesDocument(), &data.settingsDocument()})
+        out << document->fileName() << ' ' << document->root()->get("VERSION") << '\n';
+    return 0;
+}
+
 /// What stands in the place of a verb that there is not.
 std::string unknownVerb(const CLI::App& app)
 {
@@ -116,8 +128,8 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
                  "zelstandard");
     app.fallthrough();
     declareOptions(app, options);
-    app.set_version_flag("--version",
-                         [] { return std::string("zelstandard " ZELSTANDARD_VERSION); });
+    bool asksVersion = false;
+    app.add_flag("--version", asksVersion, "Versions of the command and of the data");
     app.footer("Example: zelstandard factors wind --code EC,BS,DIN-EN --for building");
     std::vector<std::pair<CLI::App*, Question>> questions;
     for (const Verb& verb : verbs) {
@@ -133,6 +145,8 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
         for (const auto& [sub, asked] : questions)
             if (sub->parsed())
                 question = &asked;
+        if (asksVersion)
+            return printVersion(options, out);
         if (!question)
             return complain(unknownVerb(app), err);
         zelsuite::setLanguage(options.language);

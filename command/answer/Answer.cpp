@@ -12,7 +12,7 @@ namespace
 {
 
 constexpr Mark marks[] = {
-    {'!', "differs",    "differs from the code it is compared with"       },
+    {'!', "differs",    "differs from "                                   },
     {'i', "inherited",  "inherited from EC, not confirmed for the code"   },
     {'c', "convention", "a convention of this data set"                   },
     {'s', "safer",      "on the safe side, not compared with the standard"},

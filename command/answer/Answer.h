@@ -82,6 +82,7 @@ struct Answer {
     std::vector<Section> sections;
     std::vector<Finding> findings;
     std::vector<std::string> notes; ///< below everything: what the answer takes for granted
+    std::string comparedWith;       ///< what the mark "!" differs from: "EC"
     std::string more;               ///< the next useful question; empty for none
     int status = 0;                 ///< exit status: 0 fine, 1 findings
     bool isPrinted = false;         ///< the verb has printed all itself

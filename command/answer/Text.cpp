@@ -79,7 +79,8 @@ public:
             print(finding);
         for (const char sign : legend_)
             if (const Mark* mark = findMark(sign))
-                out_ << "  " << paint(std::string(1, sign), "33") << ' ' << mark->text << '\n';
+                out_ << "  " << paint(std::string(1, sign), "33") << ' ' << mark->text
+                     << (sign == '!' ? answer.comparedWith : "") << '\n';
         for (const std::string& note : answer.notes)
             wrap(note);
         if (!answer.more.empty())
@@ -93,8 +94,7 @@ private:
             out_ << paint(line, "1") << '\n';
         if (section.table)
             print(*section.table);
-        for (std::size_t i = 0; i < section.chain.size(); ++i)
-            print(section.chain, i);
+        print(section.chain);
         for (const std::string& line : section.lines)
             wrap(line);
     }
@@ -167,27 +167,35 @@ private:
         return cell.marks.empty() ? "" : paint(cell.marks, "33");
     }
 
-    void print(const std::vector<ChainStep>& chain, std::size_t index)
+    void print(const std::vector<ChainStep>& chain)
     {
+        std::size_t marks = 0;
         std::size_t what = 0;
         std::size_t place = 0;
         for (const ChainStep& step : chain) {
+            marks = std::max(marks, step.value.marks.size());
             what = std::max(what, widthOf(step.what));
             place = std::max(place, widthOf(placeText(step.place)));
         }
-        const ChainStep& step = chain[index];
-        const std::string number = std::to_string(index + 1);
-        std::string line = padding(3, number.size()) + number + "  " + shown(step.value) +
-                           marksOf(step.value) + "  " + padded(step.what, what) + "  " +
-                           padded(placeText(step.place), place) + "  ";
-        std::string origin = step.source;
-        if (!step.status.empty())
-            origin += (origin.empty() ? "(" : " (") + step.status + ")";
-        if (widthOf(line) + widthOf(origin) > pageWidth) {
-            putLine(line);
-            line = std::string(9, ' ');
+        for (std::size_t i = 0; i < chain.size(); ++i) {
+            const ChainStep& step = chain[i];
+            const std::string number = std::to_string(i + 1);
+            const std::string head = padding(3, number.size()) + number + "  " + shown(step.value);
+            const std::string tail = padding(marks, step.value.marks.size()) + "  " +
+                                     padded(step.what, what) + "  " +
+                                     padded(placeText(step.place), place) + "  ";
+            const std::string line = head + marksOf(step.value) + tail;
+            std::string origin = step.source;
+            if (!step.status.empty())
+                origin += (origin.empty() ? "(" : " (") + step.status + ")";
+            const std::size_t width = widthOf(head) + step.value.marks.size() + widthOf(tail);
+            if (width + widthOf(origin) <= pageWidth) {
+                putLine(line + origin);
+            } else {
+                putLine(line);
+                wrap(std::string(8, ' ') + origin);
+            }
         }
-        putLine(line + origin);
     }
 
     static std::string placeText(const Place& place)
@@ -221,15 +229,16 @@ private:
     void wrap(const std::string& text)
     {
         const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());
-        std::string line;
-        for (std::size_t at = 0; at <= text.size();) {
-            const std::size_t end = std::min(text.find(' ', std::max(at, indent)), text.size());
+        const std::string margin(indent, ' ');
+        std::string line = margin;
+        for (std::size_t at = indent; at <= text.size();) {
+            const std::size_t end = std::min(text.find(' ', at), text.size());
             const std::string word = text.substr(at, end - at);
-            if (!line.empty() && widthOf(line) + 1 + widthOf(word) > pageWidth) {
+            if (line != margin && widthOf(line) + 1 + widthOf(word) > pageWidth) {
                 putLine(line);
-                line = std::string(indent, ' ') + word;
+                line = margin + word;
             } else {
-                line += (line.empty() ? "" : " ") + word;
+                line += (line == margin ? "" : " ") + word;
             }
             at = end + 1;
         }

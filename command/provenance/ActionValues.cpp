@@ -59,6 +59,14 @@ bool listHolds(std::string_view list, std::string_view word)
     return false;
 }
 
+/// The key of a set by its name.
+SetKey setKey(Mode code, std::string_view name)
+{
+    if (name == "BUILDING")
+        return {code, true, BridgeType{}};
+    return {code, false, XMLUtil::get()->getBridgeTypeToString(std::string(name))};
+}
+
 /// What a DEFAULT collects for one factor; the element is null for a factor that none has named.
 struct Collected {
     const Element* element = nullptr;
@@ -177,17 +185,15 @@ private:
 
     void readNamed(const Element& element)
     {
-        const std::string name(element.get("NAME"));
-        const bool isBuilding = name == "BUILDING";
-        const BridgeType bridgeType =
-            isBuilding ? BridgeType{} : XMLUtil::get()->getBridgeTypeToString(name);
-        const auto [at, isNew] = type_.sets.try_emplace({code_, isBuilding, bridgeType});
+        const auto [at, isNew] = type_.sets.try_emplace(setKey(code_, element.get("NAME")));
         FactorSet& set = at->second;
         if (isNew)
             for (Value& value : set.values)
                 value.steps.push_back({Kind::Zero, 0, &element, {}, isOffice_});
         set.named.push_back(&element);
-        takeDefaults(set, element);
+        // The office changes what it names, and nothing else by naming it.
+        if (isNew || !isOffice_)
+            takeDefaults(set, element);
         readValues(element, [&](const FactorRow& row, const Element& value) {
             take(set, row, Kind::Own, {&value, &element, 0, isOffice_});
         });
@@ -376,6 +382,67 @@ const ActionValues* ActionFile::find(ActionTypeId id) const
     return found == types_.end() ? nullptr : &*found;
 }
 
+namespace
+{
+
+std::string escaped(const std::string& text)
+{
+    std::string result;
+    for (const char c : text)
+        if (c == '"')
+            result += "&quot;";
+        else if (c == '&')
+            result += "&amp;";
+        else if (c == '<')
+            result += "&lt;";
+        else
+            result += c;
+    return result;
+}
+
+/// What the factor becomes when a set is named at the end of the annex and does not give it.
+double valueByNaming(const FactorRow& factor, const Element& annex, double value)
+{
+    double named = factor.value == Factor::CrackRed ? 1 : value;
+    for (const Element* set : annex.children) {
+        const Element* given = set->get("NAME") == "DEFAULT" ? set->child(factor.element) : nullptr;
+        double number = 0;
+        if (given && readNumber(given->text, number))
+            named = number >= 0 ? number : value;
+    }
+    return named;
+}
+
+/// The element of a set of the office for the end of the annex. What a DEFAULT would overwrite
+/// there is repeated.
+/// @param wanted the values in the end; null when nothing is to be kept
+std::string officeSet(const Element& set, const Element& annex, const FactorSet* wanted)
+{
+    std::string repeated;
+    for (const FactorRow& factor : factors) {
+        if (!wanted || set.child(factor.element))
+            continue;
+        const Value& value = (*wanted)[factor.value];
+        if (valueByNaming(factor, annex, value.number) == value.number)
+            continue;
+        const std::string name = factor.element;
+        repeated += "<" + name;
+        if (!value.isFollower && !value.origin.source.empty())
+            repeated += " SOURCE=\"" + escaped(value.origin.source) + "\" STATUS=\"" +
+                        value.origin.status + "\"";
+        repeated += ">" + numberText(value.number) + "</" + name + ">";
+    }
+    TextEdits edits(*set.document);
+    if (!set.attribute("STATUS"))
+        edits.replace(set.begin + 1 + set.name.size(), set.begin + 1 + set.name.size(),
+                      " STATUS=\"OFFICE\"");
+    if (!repeated.empty())
+        edits.append(set, repeated);
+    return edits.apply(set.begin, set.end);
+}
+
+} // namespace
+
 std::string mergedText(const Document& document, const Document& office)
 {
     refuseDefaults(office);
@@ -383,6 +450,10 @@ std::string mergedText(const Document& document, const Document& office)
     const Element* officeTypes = findTypes(office);
     if (!types || !officeTypes)
         return document.text();
+    const auto borrowed = [](const Document& owned) {
+        return std::shared_ptr<const Document>(std::shared_ptr<const Document>(), &owned);
+    };
+    const ActionFile wanted(borrowed(document), borrowed(office));
     TextEdits edits(document);
     const auto text = [&](const Element& element) {
         return office.text().substr(element.begin, element.end - element.begin);
@@ -393,6 +464,8 @@ std::string mergedText(const Document& document, const Document& office)
             edits.append(*types, text(*added));
             continue;
         }
+        const ActionValues& values =
+            *std::ranges::find(wanted.types(), type, &ActionValues::element);
         const Element* annexes = type->find("ANNEXES");
         for (const Element* annex : annexesOf(added)) {
             const Element* target = lastNamed(annexes, annex->get("NAME"));
@@ -400,9 +473,17 @@ std::string mergedText(const Document& document, const Document& office)
                 edits.append(*annexes, text(*annex));
                 continue;
             }
-            for (const Element* set : annex->children)
-                if (target)
-                    edits.append(*target, text(*set));
+            for (const Element* set : annex->children) {
+                if (!target)
+                    continue;
+                const auto key =
+                    setKey(XMLUtil::get()->getModeToString(std::string(annex->get("NAME"))),
+                           set->get("NAME"));
+                const auto found = values.sets.find(key);
+                edits.append(*target,
+                             officeSet(*set, *target,
+                                       found == values.sets.end() ? nullptr : &found->second));
+            }
         }
     }
     return edits.apply();

@@ -97,7 +97,7 @@ class ActionFile
 {
 public:
     /// @param office null for none: its elements act as if they stood at the end of the annex of
-    ///        their NAME
+    ///        their NAME, but for the DEFAULTs there, which they do not take again
     explicit ActionFile(std::shared_ptr<const Document> document,
                         std::shared_ptr<const Document> office = nullptr);
 
@@ -116,7 +116,8 @@ private:
 };
 
 /// The text of the main file with the office's elements at the end of their annexes: what the
-/// library is to read so that it answers as ActionFile does.
+/// library is to read so that it answers as ActionFile does. There a DEFAULT of the annex would
+/// overwrite what an office does not name; so such values are repeated in the office's element.
 std::string mergedText(const Document& document, const Document& office);
 
 } // namespace command

@@ -300,6 +300,13 @@ std::string_view Document::lineText(std::size_t line) const
     return text;
 }
 
+std::string numberText(double value)
+{
+    char text[400];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed).ptr;
+    return {text, end};
+}
+
 bool readNumber(std::string_view text, double& value)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))

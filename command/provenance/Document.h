@@ -124,6 +124,9 @@ private:
 /// The whole text as a number as the library reads it; false when it is none.
 bool readNumber(std::string_view text, double& value);
 
+/// The shortest text that reads back equal.
+std::string numberText(double value);
+
 /// The bytes of a regular file. Throws Failure when they cannot be had.
 std::string readFile(const std::string& path);
 

@@ -44,17 +44,19 @@ void TextEdits::append(const Element& element, const std::string& text)
             ">" + line + "\n" + indentation + "</" + std::string(element.name) + ">");
 }
 
-std::string TextEdits::apply() const
+std::string TextEdits::apply() const { return apply(0, document_.text().size()); }
+
+std::string TextEdits::apply(std::size_t begin, std::size_t end) const
 {
     std::vector<Edit> edits = edits_;
     std::ranges::stable_sort(edits, {}, &Edit::begin);
     std::string result;
-    std::size_t at = 0;
+    std::size_t at = begin;
     for (const Edit& edit : edits) {
         result.append(document_.text(), at, edit.begin - at).append(edit.text);
         at = edit.end;
     }
-    return result.append(document_.text(), at);
+    return result.append(document_.text(), at, end - at);
 }
 
 } // namespace command

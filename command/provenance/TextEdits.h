@@ -19,8 +19,9 @@ public:
     /// Puts text behind all that the element holds, on a line of its own.
     void append(const Element& element, const std::string& text);
 
-    /// The changed text.
+    /// The changed text, whole or from begin to end (of the text before the changes).
     [[nodiscard]] std::string apply() const;
+    [[nodiscard]] std::string apply(std::size_t begin, std::size_t end) const;
 
 private:
     struct Edit {

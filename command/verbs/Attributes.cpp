@@ -83,7 +83,7 @@ Answer answerAttributes(bool all, const Context& context)
     if (!all)
         answer.more = "zelstandard attributes --all --code " +
                       command::wordOf(context.codes().front()) + " --for " +
-                      command::wordOf(context.structures().front());
+                      lowerWordOf(context.structures().front());
     return answer;
 }
 
@@ -206,7 +206,7 @@ Answer answerRules(const std::string& word, bool all, const Context& context)
     if (word.empty())
         answer.more = "zelstandard rules fundamental --code " +
                       command::wordOf(context.codes().front()) + " --for " +
-                      command::wordOf(context.structures().front());
+                      lowerWordOf(context.structures().front());
     return answer;
 }
 

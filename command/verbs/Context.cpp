@@ -108,6 +108,8 @@ Cell cellOf(const Value& value, int decimals)
     return cell;
 }
 
+std::string lowerWordOf(Structure structure) { return folded(wordOf(structure)); }
+
 std::string titleOf(ActionTypeId action, Structure structure)
 {
     return wordOf(action) + "  " + nameOf(action) + ", " + nameOf(structure);

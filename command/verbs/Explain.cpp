@@ -148,8 +148,9 @@ std::string absenceOf(const ActionValues* action, Mode code, Structure structure
     if (!action->annexOf(code))
         return "The action has no annex " + wordOf(code) + ", so it is inactive under this code.";
     if (!action->find(Mode::EC, structure))
-        return "Neither EC nor " + wordOf(code) + " has a set for " + wordOf(structure) +
-               ": the action makes no sense there.";
+        return (code == Mode::EC ? "EC has no set for "
+                                 : "Neither EC nor " + wordOf(code) + " has a set for ") +
+               wordOf(structure) + ": the action makes no sense there.";
     return "The annex " + wordOf(code) + " stands before that of EC, so it had nothing to copy.";
 }
 
@@ -216,7 +217,7 @@ void explainAction(Answer& answer, const Asked& asked, const Context& context)
     context.noteSettings(answer);
     context.noteOffice(answer);
     answer.more = "zelstandard factors " + wordOf(action) + " --code all --for " +
-                  wordOf(context.structures().front());
+                  lowerWordOf(context.structures().front());
 }
 
 void explainMaterial(Answer& answer, const Asked& asked, const Context& context)
@@ -296,9 +297,9 @@ void explainTag(Answer& answer, const Asked& asked, const Context& context)
                 {"active",    reason.empty() ? "yes" : "no"}
             };
             if (!reason.empty())
-                section.lines.push_back("Rejected by " + reason + ".");
+                section.title.push_back("Rejected by " + reason + ".");
             if (const std::string other = validatorDifference(*attribute); !other.empty())
-                section.lines.push_back(other);
+                section.title.push_back(other);
             section.lines.push_back(
                 (element
                      ? placeOf(*element).file + ":" + std::to_string(placeOf(*element).line) + ": "
@@ -319,7 +320,7 @@ void explainTag(Answer& answer, const Asked& asked, const Context& context)
         }
     context.noteSettings(answer);
     answer.more = "zelstandard rules --code " + wordOf(context.codes().front()) + " --for " +
-                  wordOf(context.structures().front());
+                  lowerWordOf(context.structures().front());
 }
 
 Answer answerExplain(const Asked& asked, const Context& context)

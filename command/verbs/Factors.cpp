@@ -17,6 +17,25 @@ struct Asked {
     bool all = false;
 };
 
+/// Asks for the first value that differs from EC, else for the first that is marked, else for psi0.
+std::string nextQuestion(const Answer& answer)
+{
+    for (const char* signs : {"!", "iso", ""})
+        for (const Section& section : answer.sections)
+            for (const auto& row : section.table->rows)
+                for (std::size_t i = 1; i < row.size(); ++i) {
+                    const std::string& key = section.table->columns[i].key;
+                    const bool isAsked =
+                        *signs ? row[i].marks.find_first_of(signs) != std::string::npos
+                               : key == rowOf(Factor::Psi0).key;
+                    if (isAsked)
+                        return "zelstandard explain " + section.facts[0].second.text + " " + key +
+                               " --code " + row[0].text + " --for " +
+                               folded(section.facts[2].second.text);
+                }
+    return {};
+}
+
 Answer answerFactors(const Asked& asked, const Context& context)
 {
     std::vector<ActionTypeId> actions;
@@ -38,11 +57,8 @@ Answer answerFactors(const Asked& asked, const Context& context)
         }
     context.noteSettings(answer);
     context.noteOffice(answer);
-    const std::string words = actions.empty() ? "" : asked.actions.front();
-    answer.more = "zelstandard explain " +
-                  (words.find(' ') == std::string::npos ? words : wordOf(actions.front())) +
-                  " psi0 --code " + wordOf(context.codes().back()) + " --for " +
-                  folded(wordOf(context.structures().back()));
+    answer.comparedWith = wordOf(Mode::EC);
+    answer.more = nextQuestion(answer);
     return answer;
 }
 

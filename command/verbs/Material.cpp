@@ -69,6 +69,7 @@ Answer answerMaterial(const Context& context)
         rows.push_back(
             {"GAMMAFACTOR", "global factor, brittle", Cell(Control::getGammaFactor(code))});
     }
+    answer.comparedWith = wordOf(Mode::EC);
     context.noteSettings(answer, true, false);
     answer.more = "zelstandard explain GAMMA_C --code " + wordOf(context.codes().back());
     return answer;

@@ -1,6 +1,8 @@
 #include <command/verbs/RuleFactors.h>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace command
 {
@@ -48,6 +50,8 @@ RuleFactor product(std::string formula, const SafetyFactors& set)
         if (words.find(" " + std::string(factor.key) + " ") != std::string::npos)
             value *= (set.*factor.get)();
     }
+    // 1.5 times 0.7 is 1.05, and not the nearest number that a computer has.
+    value = std::round(value * 1e9) / 1e9;
     return {formula.empty() ? "1" : std::move(formula), value};
 }
 

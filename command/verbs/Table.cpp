@@ -39,9 +39,10 @@ Answer answerTable(const Asked& asked, const Context& context)
         }
     context.noteSettings(answer);
     context.noteOffice(answer);
+    answer.comparedWith = compared ? wordOf(*compared) : "";
     if (!compared)
         answer.more = "zelstandard table --code " + wordOf(context.codes().front()) + " --for " +
-                      wordOf(context.structures().front()) + " --compare EC";
+                      lowerWordOf(context.structures().front()) + " --compare EC";
     return answer;
 }
 

@@ -109,6 +109,8 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
 Place placeOf(const Element& element);
 /// A number with the mark and status of its source.
 Cell cellOf(const Value& value, int decimals);
+/// The word in lower case, for a question to ask next: "building".
+std::string lowerWordOf(Structure structure);
 /// "LW  Wind loads, building"
 std::string titleOf(ActionTypeId action, Structure structure);
 
