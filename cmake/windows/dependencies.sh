@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Prepares in build/windows-dependencies/prefix what Debian has no MinGW package for: GoogleTest, built
-# from /usr/src/googletest, and libsodium and pugixml, built as static libraries from Debian's own source
-# packages. Needs the group windows of packages.txt.
+# from /usr/src/googletest, libsodium and pugixml, built as static libraries from Debian's own source
+# packages, and the headers of CLI11 and nlohmann-json, copied from /usr/include, which as a whole would
+# bring those of another C library. Needs the groups build and windows of packages.txt.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 here=$PWD/build/windows-dependencies
@@ -34,4 +35,7 @@ cmake -S cmake/windows -B "$here/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_CXX_FLAGS=-fstack-protector-strong \
     -DPUGIXML_SOURCE_DIR="$(echo "$here"/sources/pugixml-*/)"
 cmake --build "$here/build" --target install
+mkdir -p "$here"/prefix/{include,share/cmake}
+cp -r /usr/include/{CLI,nlohmann} "$here/prefix/include/"
+cp -r /usr/share/cmake/{CLI11,nlohmann_json} "$here/prefix/share/cmake/"
 echo "$state" >"$here/done"
