@@ -51,8 +51,10 @@ void declareOptions(CLI::App& app, Options& options)
     app.add_option("--material", options.material, "Design material")->type_name("WORD");
     app.add_option("--situation", options.situation, "Design situation")->type_name("WORD");
     app.add_flag("--strict", options.isStrict,
-                 "Status 1 when the answer rests on inherited values, conventions or safe sides");
-    app.add_flag("!--no-office", options.hasOffice, "Without the office's values of Office.xml");
+                 "Status 1 when the answer rests on values marked i, c or s");
+    app.add_flag_callback(
+        "--no-office", [&options] { options.hasOffice = false; },
+        "Without the office's values of Office.xml");
 }
 
 void applySettings(const Options& options)
@@ -130,7 +132,6 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
     declareOptions(app, options);
     bool asksVersion = false;
     app.add_flag("--version", asksVersion, "Versions of the command and of the data");
-    app.footer("Example: zelstandard factors wind --code EC,BS,DIN-EN --for building");
     std::vector<std::pair<CLI::App*, Question>> questions;
     for (const Verb& verb : verbs) {
         CLI::App* sub = app.add_subcommand(verb.name, verb.purpose);
@@ -138,6 +139,7 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
         sub->footer(sub->get_footer() + (sub->get_footer().empty() ? "" : "\n") +
                     "Example: " + verb.example);
     }
+    app.footer("Example: zelstandard factors wind --code EC,BS,DIN-EN --for building");
     try {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
         app.parse(reversed);
@@ -174,6 +176,8 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
         return complain(failure.what(), err);
     } catch (const std::bad_alloc&) {
         return complain("out of memory", err);
+    } catch (const std::exception& error) {
+        return complain(std::string("a fault of the program: ") + error.what(), err);
     }
 }
 

@@ -46,6 +46,10 @@ Layout layoutOf(const Table& table, std::size_t column)
 {
     Layout layout;
     layout.text = widthOf(table.columns[column].title);
+    // What stands in the place of numbers stands where they would.
+    layout.isNumeric = !table.rows.empty() && std::ranges::all_of(table.rows, [&](const auto& row) {
+        return row[column].text == "-";
+    });
     for (const auto& row : table.rows) {
         const Cell& cell = row[column];
         const std::string text = shown(cell);

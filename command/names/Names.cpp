@@ -237,12 +237,14 @@ std::size_t farness(const std::string& text, const std::string& candidate)
     const auto differs = std::ranges::mismatch(text, candidate).in1;
     const auto common = static_cast<std::size_t>(differs - text.begin());
     const std::size_t rest = text.size() - common;
+    if (common == text.size() && common >= 2)
+        return 1;
     return std::min(distance(text, candidate), common >= 4 ? rest + 1 : std::string::npos);
 }
 
 bool isNear(std::size_t distance, const std::string& text)
 {
-    return distance <= std::max<std::size_t>(1, text.size() / 3);
+    return distance <= (text.size() < 4 ? 1 : std::max<std::size_t>(2, text.size() / 3));
 }
 
 /// All names of an entry, its word first.

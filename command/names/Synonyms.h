@@ -121,9 +121,7 @@ inline constexpr Synonym<ActionTypeId> actionSynonyms[] = {
 
 inline constexpr Synonym<Mode> codeSynonyms[] = {
     {Mode::EC,       "EN"            },
-    {Mode::EC,       "Eurocode"      },
     {Mode::EC,       "EN 1990"       },
-    {Mode::DIN_1988, "DIN 1045:1988" },
     {Mode::DIN_2008, "DIN 1055-100"  },
     {Mode::DIN_2008, "DIN 1045-1"    },
     {Mode::SIA,      "Switzerland"   },

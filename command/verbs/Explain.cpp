@@ -229,7 +229,9 @@ void explainMaterial(Answer& answer, const Asked& asked, const Context& context)
     if (table.gamma)
         column = static_cast<std::size_t>(asked.factor.empty() ? standard.getSituation()
                                                                : situationNamed(asked.factor));
-    if (table.alpha)
+    if (table.alpha && folded(asked.factor) == "bridge")
+        column = 1;
+    else if (table.alpha)
         column =
             (asked.factor.empty() ? context.structure() : structureNamed(asked.factor)).isBuilding()
                 ? 0

@@ -61,6 +61,7 @@ void FactorTable::add(const std::string& heading, ActionTypeId action, Mode code
     for (const FactorRow& factor : factors) {
         if (!given) {
             row.emplace_back("-");
+            hasAbsent_ = true;
             continue;
         }
         Cell cell = cellOf((*derived)[factor.value], factor.decimals);

@@ -23,10 +23,13 @@ public:
 
     /// The table; without all, a factor that repeats another one everywhere is not shown.
     Table finish(bool all);
+    /// True when an action of a row has no factors.
+    [[nodiscard]] bool hasAbsent() const { return hasAbsent_; }
 
 private:
     const Context& context_;
     bool withNames_;
+    bool hasAbsent_ = false;
     Table table_;
 };
 

@@ -54,6 +54,8 @@ Answer answerFactors(const Asked& asked, const Context& context)
             for (const Mode code : context.codes())
                 table.add(wordOf(code), action, code, structure, Mode::EC);
             section.table = table.finish(asked.all);
+            if (table.hasAbsent())
+                answer.note("- no set: the getters then give 1, for psi21 and psi22 0.");
         }
     context.noteSettings(answer);
     context.noteOffice(answer);

@@ -138,8 +138,9 @@ Answer answerSet(const std::vector<std::string>& words, const Context& context)
         edits.append(*element, "<" + name + ">" + value + "</" + name + ">");
     else
         throw Failure("\"" + document.path() + "\" has no SETTINGS to change");
-    replaceFile(document.path(), edits.apply());
-    context.data().useSettings(document.path());
+    const std::string path = context.data().settingsPath();
+    replaceFile(path, edits.apply());
+    context.data().useSettings(path); // the document is gone then
     Answer answer;
     Section& section = answer.section(std::string(row.key) + ": " + before + " -> " + value);
     section.facts = {
@@ -147,7 +148,7 @@ Answer answerSet(const std::vector<std::string>& words, const Context& context)
         {"before",  before },
         {"value",   value  }
     };
-    section.lines.push_back("In " + document.path() + "; all else in it is as it was.");
+    section.lines.push_back("In " + path + "; all else in it is as it was.");
     answer.more = "zelstandard settings show";
     return answer;
 }

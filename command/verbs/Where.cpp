@@ -13,17 +13,17 @@ namespace
 std::vector<Cell> rowOf(const std::string& what, const std::string& path)
 {
     if (!Tools::File::exists(path))
-        return {what, path, "", "missing"};
+        return {what, path, "-", "missing"};
     try {
         const auto document = Document::read(path);
         const Element* root = document->root();
         const std::string form = document->isEnciphered() ? "enciphered" : "plain";
         if (!root)
-            return {what, path, "", form + ", no document"};
+            return {what, path, "-", form + ", no document"};
         const std::string version(root->get("VERSION"));
         return {what, path, version.empty() ? "-" : version, form};
     } catch (const Failure&) {
-        return {what, path, "", "cannot be read"};
+        return {what, path, "-", "cannot be read"};
     }
 }
 

@@ -21,13 +21,17 @@ BELOW = {
 }
 # Headers above the folders.
 TOP = {"Export.h": "all", "flat.h": {"flat"}, "zelstandard.h": set()}
-ONLY_IN = {"pugixml": "suite/xml/", "sodium.h": "suite/crypt/"}
+ONLY_IN = {"pugixml": ("suite/xml/", "command/provenance/"), "sodium.h": ("suite/crypt/",),
+           "CLI/": ("command/main.cpp", "command/verbs/"), "nlohmann/": ("command/",)}
+# The command: verbs stand on the rest, which stands on the library alone.
+COMMAND = {"vocabulary": set(), "answer": {"vocabulary"}, "provenance": {"vocabulary"}, "names": {"vocabulary"},
+           "check": {"vocabulary", "answer", "provenance", "names"}, "report": {"vocabulary", "answer", "provenance", "names"}}
 SYSTEM = re.compile(r"^\s*#\s*if.*\b(_WIN32|__linux__|__unix__|__MINGW32__|_MSC_VER)\b", re.M)
 KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/")
 
 
 def faults(root):
-    for path in sorted(p for top in ("src", "suite") for p in (root / top).rglob("*.[hc]*")):
+    for path in sorted(p for top in ("src", "suite", "command") for p in (root / top).rglob("*.[hc]*")):
         name = path.relative_to(root).as_posix()
         text = path.read_text(encoding="utf-8")
         if SYSTEM.search(text) and not name.startswith(KNOWS_SYSTEM):
@@ -40,10 +44,16 @@ def faults(root):
             where = f"{name}:{number}"
             for library, place in ONLY_IN.items():
                 if library in target and not name.startswith(place):
-                    yield f"{where}: only {place} may include {library}"
+                    yield f"{where}: only {' and '.join(place)} may include {library}"
+            if target.startswith("command/"):
+                own, folder = name.split("/")[1], target.split("/")[1]
+                if own in COMMAND and folder != own and folder not in COMMAND[own]:
+                    yield f"{where}: {own} may not include {folder}"
             if not target.startswith("zelstandard/"):
                 continue
             folder = target.split("/")[1]
+            if name.startswith("command/"):
+                continue
             if name.startswith("suite/"):
                 if folder not in ("platform", "Export.h"):
                     yield f"{where}: the suite may include platform alone, not {target}"
