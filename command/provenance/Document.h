@@ -127,6 +127,10 @@ bool readNumber(std::string_view text, double& value);
 /// The shortest text that reads back equal.
 std::string numberText(double value);
 
+/// Throws Failure for a path that is neither a regular file nor missing; to open such a one may
+/// block.
+void refuseIrregular(const std::string& path);
+
 /// The bytes of a regular file. Throws Failure when they cannot be had.
 std::string readFile(const std::string& path);
 

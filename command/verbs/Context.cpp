@@ -10,7 +10,10 @@
 namespace command
 {
 
-Session::Session(const Options& options) : data(options.data, options.hasOffice) {}
+Session::Session(const Options& options) : data(options.data, options.hasOffice)
+{
+    refuseIrregular(data.settingsPath()); // the library opens it first of all
+}
 
 namespace
 {
@@ -27,6 +30,8 @@ std::vector<Mode> Context::codes() const
 {
     if (!options.codes.empty())
         return codesNamed(options.codes);
+    if (!session.code)
+        (void)data().settingsDocument(); // decides, and so has to be one
     return {session.code.value_or(ZelStandard::get()->getMode())};
 }
 
@@ -34,6 +39,8 @@ std::vector<Structure> Context::structures() const
 {
     if (!options.structures.empty())
         return structuresNamed(options.structures);
+    if (!session.structure)
+        (void)data().settingsDocument();
     return {session.structure.value_or(structureInForce())};
 }
 
