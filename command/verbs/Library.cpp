@@ -711,13 +711,19 @@ struct DecimalComma : std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-/// "locale NAME": one with a decimal comma, for C and C++.
+/// "locale NAME": one with a decimal comma, for C and C++; "locale german": by the name that the
+/// system has for it.
 void setLocale(const Call& call)
 {
-    if (!std::setlocale(LC_ALL, call[1].c_str()) || *std::localeconv()->decimal_point != ',')
-        throw Failure("the system has no locale \"" + call[1] + "\" with a decimal comma");
+    std::vector<std::string> names = {call[1]};
+    if (call[1] == "german")
+        names = {"de_DE.UTF-8",         "de_DE.utf8",     "de_DE",
+                 "German_Germany.1252", "German_Germany", "de-DE"};
     std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
-    std::setlocale(LC_ALL, call[1].c_str()); // the C++ library has put another one in its place
+    for (const std::string& name : names)
+        if (std::setlocale(LC_ALL, name.c_str()) && *std::localeconv()->decimal_point == ',')
+            return;
+    throw Failure("the system has no locale \"" + call[1] + "\" with a decimal comma");
 }
 
 void writeFile(const Call& call) { replaceFile(call[1], call.statement.text); }
