@@ -114,6 +114,14 @@ struct ActionType::Values {
     std::array<bool, count> present{};
     std::map<OtherKey, SafetyFactors> others;
 
+    /// By value: when memory ends, nothing is changed.
+    void assign(Values other)
+    {
+        sets = other.sets;
+        present = other.present;
+        others.swap(other.others);
+    }
+
     static OtherKey otherKey(Mode mode, Classification classification, BridgeType bridgeType)
     {
         const bool building = classification == Classification::BUILDING;
@@ -191,7 +199,7 @@ ActionType& ActionType::operator=(const ActionType& other)
         return *this;
     if (id_ != other.id_)
         ++identityChanges;
-    *values_ = *other.values_;
+    values_->assign(*other.values_);
     id_ = other.id_;
     actionGroup_ = other.actionGroup_;
     loadDuration_ = other.loadDuration_;
@@ -310,7 +318,7 @@ void ActionType::copyFromEC(Mode mode)
                    });
 }
 
-void ActionType::copyGammasAndPsis(const ActionType& other) { *values_ = *other.values_; }
+void ActionType::copyGammasAndPsis(const ActionType& other) { values_->assign(*other.values_); }
 
 void ActionType::takeOver(Mode mode, const SafetyFactors& factors)
 {

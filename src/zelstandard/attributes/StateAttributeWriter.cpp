@@ -1,5 +1,9 @@
 #include <zelstandard/attributes/StateAttributeWriter.h>
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 #include <zelstandard/actions/ActionType.h>
 #include <zelstandard/attributes/StateAttributeManager.h>
 #include <zelstandard/attributes/detail/StateAttributeElements.h>
@@ -20,13 +24,15 @@ namespace
 template <class Value, std::size_t count, class Has>
 void writeSet(ZelXmlData* parent, const SetElement<Value> (&elements)[count], Has has)
 {
-    for (const auto& [value, name] : elements) {
+    for (ZelXmlData* child : ChildElements(parent)) {
+        const std::string_view name = ZelXmlData::getName(child);
+        const auto* row = std::ranges::find(elements, name, &SetElement<Value>::name);
+        if (row != std::end(elements) && !has(row->value))
+            ZelXmlData::removeChild(parent, child);
+    }
+    for (const auto& [value, name] : elements)
         if (has(value))
             ZelXmlData::openChild(parent, name, false);
-        else
-            while (ZelXmlData* child = ZelXmlData::findChild(parent, name))
-                ZelXmlData::removeChild(parent, child);
-    }
 }
 
 const char* classificationWord(const StateAttribute& attribute)

@@ -44,7 +44,8 @@ public:
     /// The alphabetically first word of a value; null for a value without one.
     static constexpr const char* text(Value value)
     {
-        const auto index = static_cast<std::size_t>(static_cast<int>(value) - lowest);
+        const auto index =
+            static_cast<std::size_t>(static_cast<int>(value)) - static_cast<std::size_t>(lowest);
         return index < firstRows.size() && firstRows[index] != none ? rows[firstRows[index]].word
                                                                     : nullptr;
     }
