@@ -1,6 +1,8 @@
 #include <zelstandard/datafiles/detail/XmlDocument.h>
 
+#include <algorithm>
 #include <cstring>
+#include <functional>
 #include <sstream>
 
 #include <zelstandard/datafiles/zelofstream.h>
@@ -10,6 +12,13 @@ namespace Standard
 {
 
 using Constants::Label;
+
+namespace
+{
+
+constexpr auto byHash = &std::pair<std::size_t, ZelXmlData*>::first;
+
+} // namespace
 
 std::string nameOf(const ZelXmlData* element)
 {
@@ -21,13 +30,17 @@ WrittenChildren::WrittenChildren(ZelXmlData* parent, const char* element)
 {
     for (ZelXmlData* child : ChildElements(parent))
         if (std::strcmp(ZelXmlData::getName(child), element) == 0)
-            children_.emplace(nameOf(child), child); // the first of a name stays
+            children_.emplace_back(std::hash<std::string>()(nameOf(child)), child);
+    std::ranges::stable_sort(children_, {}, byHash);
 }
 
 ZelXmlData* WrittenChildren::give(const std::string& name)
 {
-    const auto known = children_.find(name);
-    ZelXmlData* child = known == children_.end() ? nullptr : known->second;
+    const std::size_t hash = std::hash<std::string>()(name);
+    ZelXmlData* child = nullptr;
+    for (auto known = std::ranges::lower_bound(children_, hash, {}, byHash);
+         !child && known != children_.end() && known->first == hash; ++known)
+        child = nameOf(known->second) == name ? known->second : nullptr;
     if (!child) {
         child = ZelXmlData::addChild(parent_, element_);
         ZelXmlData::setAttribute(child, Label::Name, name);

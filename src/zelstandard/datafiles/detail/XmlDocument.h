@@ -6,7 +6,6 @@
 #include <initializer_list>
 #include <string>
 #include <type_traits>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -114,7 +113,8 @@ private:
     ZelXmlData* parent_;
     const char* element_;
     bool hadChildren_;
-    std::unordered_map<std::string, ZelXmlData*> children_;
+    /// By the hash of their "NAME"; those of one name in document order. Most are never asked for.
+    std::vector<std::pair<std::size_t, ZelXmlData*>> children_;
     std::unordered_set<const ZelXmlData*> written_;
 };
 
