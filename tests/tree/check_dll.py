@@ -32,7 +32,7 @@ def strangers(dll, names):
     for name in flat - names:
         yield f"{dll}: {name} is not exported undecorated"
     for name in names - flat:
-        if not INTERFACES[dll].match(re.sub(r"^(typeinfo|vtable) for (.*)", r"\2::", name)):
+        if not INTERFACES[dll].match(re.sub(r"^(typeinfo|vtable) for (.*)", r"\2::", re.sub("^(bool|void) ", "", name))):
             yield f"{dll}: {name} is exported and is none of its interfaces"
 
 
@@ -77,7 +77,7 @@ def main():
     faults, imports = [], []
     for path in map(pathlib.Path, paths):
         headers = private_headers(objdump, path)
-        faults += strangers(path.name, exported_by_dll(path, objdump))
+        faults += strangers(path.name, set(exported_by_dll(path, objdump)))
         faults += version_faults(path, version)
         imports += sorted(f"{path.name}: {name}"
                           for name in set(re.findall(r"^\s*DLL Name: (\S+)$", headers, re.M)))

@@ -2,8 +2,8 @@
 
 usage: check_exports.py LIST LIBRARY [OBJDUMP] [--refresh]
 
-The list is that of Linux, where also inline operations can be called by their names; they stand with "inline" in
-front. A DLL (then with OBJDUMP) shows the others, but for a few.
+The list is that of Linux; a DLL (then with OBJDUMP) shows the same. Inline operations belong to it: callers may find
+them by name.
 """
 
 import pathlib
@@ -11,12 +11,10 @@ import re
 import subprocess
 import sys
 
-# Made by the compiler, or always inlined.
-DLL_ALONE = {"Standard::ActionType::currentFactors() const", "Standard::SafetyFactors::SafetyFactors()",
-             "Standard::SafetyFactors::operator=(Standard::SafetyFactors const&)",
-             "Standard::SafetyFactors::operator=(Standard::SafetyFactors&&)"}
-# Inline operations, names of types, and a class that no one outside uses.
-LINUX_ALONE = re.compile(r"inline |typeinfo name for |Standard::StateAttribute::Validity::")
+# Private parts of public classes, which a system shows or not; and names of types, which Windows does not need.
+PRIVATE = re.compile(r"(bool |void )?Standard::(StateAttribute::Validity|ActionType::Values|Coefficients::Tables)::|"
+                     r"ZelStandard::Requirements::|Standard::ActionType::currentFactors\(")
+LINUX_ALONE = re.compile(r"typeinfo name for ")
 
 
 def demangled(names):
@@ -25,27 +23,23 @@ def demangled(names):
 
 
 def exported(library):
-    """Constructors and destructors have several symbols of one name; one that is not inline decides."""
-    lines = [line.split() for line in subprocess.run(
-        ["nm", "-D", "--defined-only", "--format=posix", library], check=True, capture_output=True,
-        text=True).stdout.splitlines()]
-    kinds = {}
-    for (_, kind, *_), name in zip(lines, demangled([line[0].split("@")[0] for line in lines])):
-        kinds.setdefault(name, set()).add(kind)
-    return {("inline " if kind == {"W"} else "") + name for name, kind in kinds.items()}
+    lines = subprocess.run(["nm", "-D", "--defined-only", "--format=posix", library], check=True, capture_output=True,
+                           text=True).stdout.splitlines()
+    return demangled([line.split()[0].split("@")[0] for line in lines])
 
 
 def exported_by_dll(library, objdump):
     headers = subprocess.run([objdump, "-p", library], check=True, capture_output=True, text=True).stdout
     table = headers.split("[Ordinal/Name Pointer] Table", 1)[1].split("\n\n", 1)[0]
     names = re.findall(r"^\s*\[ *\d+\] (?:\+base\[ *\d+\]\s+\w+ )?(\S+)$", table, re.M)
-    return {name.replace("unsigned long long", "unsigned long") for name in demangled(names)} - DLL_ALONE
+    return [name.replace("unsigned long long", "unsigned long") for name in demangled(names)]
 
 
 def main():
     path, library, *objdump = [argument for argument in sys.argv[1:] if argument != "--refresh"]
     path = pathlib.Path(path)
     names = exported_by_dll(library, objdump[0]) if objdump else exported(library)
+    names = {name for name in names if not PRIVATE.match(name)}
     if "--refresh" in sys.argv and not objdump:
         path.write_text("".join(name + "\n" for name in sorted(names)), encoding="utf-8")
         return 0
