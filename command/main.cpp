@@ -24,6 +24,9 @@ const std::vector<Verb> verbs = {
     {"attributes", "The state attributes in force",                                    "zelstandard attributes --code EC --for road --all",              declareAttributes},
     {"rules",      "The superposition rules in force, and the factors that they apply", "zelstandard rules fundamental --code EC --for building",        declareRules},
     {"material",   "Partial factors of materials, coefficients, control values",       "zelstandard material --code BS,DIN-EN",                          declareMaterial},
+    {"check",      "Finds mistakes in the data files, and says what the library makes of them", "zelstandard check",                                     declareCheck},
+    {"set",        "Changes a factor in the file, and all that follows it",            "zelstandard set wind psi0 0.55 --code BS --for building --source \"Office, rule 7, wind\"", declareSet},
+    {"file",       "Enciphers, deciphers, or merges the office's values for programs", "zelstandard file merge Merged.xml",                              declareFile},
     {"settings",   "The eight settings: show, or set one in the file",                 "zelstandard settings show",                                      declareSettings},
     {"batch",      "Verbs line by line, with the operations of the library",           "echo \"factors wind\" | zelstandard batch",                      declareBatch},
 };

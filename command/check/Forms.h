@@ -20,10 +20,10 @@ struct WordKind {
 };
 
 struct AttributeForm {
-    std::string_view name;
+    std::string_view name{};
     const WordKind* words = nullptr; ///< null for any text
     /// What the library reads in the place of one that is missing or unknown.
-    std::string_view fallback;
+    std::string_view fallback{};
     bool isRequired = false;
 };
 
@@ -36,18 +36,18 @@ struct Form {
         Integer, ///< a whole number
         Any,     ///< not looked into
     };
-    std::string_view name;
+    std::string_view name{};
     Content content = Content::Elements;
     const WordKind* words = nullptr;
     /// As in AttributeForm.
-    std::string_view fallback;
+    std::string_view fallback{};
     bool isRequired = false;
     /// May also be empty, and one of the words then is not needed.
     bool mayBeEmpty = false;
     /// The library reads a child of any name as the first of the children.
     bool takesAnyName = false;
-    std::vector<AttributeForm> attributes;
-    std::vector<const Form*> children;
+    std::vector<AttributeForm> attributes{};
+    std::vector<const Form*> children{};
 
     [[nodiscard]] const Form* child(std::string_view key) const;
     [[nodiscard]] const AttributeForm* attribute(std::string_view key) const;

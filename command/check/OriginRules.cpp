@@ -64,7 +64,7 @@ void checkValue(Report& report, const Element& value)
 void checkTicks(const CheckedFiles& files, Report& report, bool isStale)
 {
     const auto tell = [&](const Ticks& ticks) {
-        for (const Tick& tick : ticks.ticks()) {
+        for (const Tick& tick : ticks.all()) {
             const std::string where = tick.structure.empty() ? "" : " of " + tick.structure;
             if ((tick.state == Tick::State::Stale) != isStale || tick.state == Tick::State::Holds)
                 continue;
@@ -85,12 +85,13 @@ void checkTicks(const CheckedFiles& files, Report& report, bool isStale)
                                "data/SOURCES.md says what to write");
         }
     };
-    for (const auto& file : files.files) {
-        if (file->actions)
-            tell(Ticks(*file->actions));
-        if (file->materials)
-            tell(Ticks(*file->materials));
-    }
+    const auto none = Document::parse("", "<SMOD/>");
+    const ActionFile noActions(none);
+    const MaterialFile noMaterials(none);
+    for (const auto& file : files.files)
+        if (file->actions || file->materials)
+            tell(Ticks(file->actions ? *file->actions : noActions,
+                       file->materials ? *file->materials : noMaterials));
 }
 
 } // namespace

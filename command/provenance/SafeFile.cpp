@@ -1,57 +1,122 @@
 #include <command/provenance/SafeFile.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 #include <command/vocabulary/Failure.h>
 
 namespace command
 {
 
-namespace fs = std::filesystem;
-
 namespace
 {
 
-/// The file itself where the path is a link to one.
-fs::path targetOf(const std::string& path)
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+int openNew(const char* path)
 {
-    std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    return error ? fs::path(path) : target;
+    return _open(path, _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
 }
+int flush(int file) { return _commit(file); }
+#else
+int openNew(const char* path)
+{
+    return ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+}
+int flush(int file) { return ::fsync(file); }
+#endif
+
+/// An open file that nobody else writes; closed and removed unless it is kept.
+class TemporaryFile
+{
+public:
+    explicit TemporaryFile(const fs::path& beside)
+    {
+        for (int i = 0; i < 1000 && file_ < 0; ++i) {
+            path_ = beside.string() + ".new" + std::to_string(i);
+            file_ = openNew(path_.c_str());
+            if (file_ < 0 && errno != EEXIST)
+                break;
+        }
+    }
+    ~TemporaryFile()
+    {
+        close();
+        std::error_code ignored;
+        if (!path_.empty() && wasOpened_)
+            fs::remove(path_, ignored);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] bool isOpen() const { return file_ >= 0; }
+    bool write(const std::string& bytes)
+    {
+        wasOpened_ = true;
+        for (std::size_t at = 0; at < bytes.size();) {
+            const auto part =
+                static_cast<unsigned int>(std::min<std::size_t>(bytes.size() - at, 1U << 20U));
+            const auto written = ::write(file_, bytes.data() + at, part);
+            if (written <= 0)
+                return false;
+            at += static_cast<std::size_t>(written);
+        }
+        return flush(file_) == 0 && close();
+    }
+    void keep() { wasOpened_ = false; }
+
+private:
+    bool close() { return file_ < 0 || ::close(std::exchange(file_, -1)) == 0; }
+
+    std::string path_;
+    int file_ = -1;
+    bool wasOpened_ = false;
+};
 
 } // namespace
 
 void replaceFile(const std::string& path, const std::string& bytes)
 {
-    const fs::path target = targetOf(path);
-    const fs::path temporary = target.string() + ".new";
+    std::error_code error;
+    const fs::path target = fs::exists(path, error) ? fs::canonical(path, error) : fs::path(path);
     const auto fail = [&](const std::string& why) {
-        std::error_code ignored;
-        fs::remove(temporary, ignored);
         throw Failure("cannot write \"" + path + "\": " + why + "; it is as it was");
     };
-    std::error_code error;
-    const fs::file_status status = fs::status(target, error);
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        fail("it is no regular file");
-    fs::remove(temporary, error);
-    std::ofstream file(temporary, std::ios::binary);
-    if (!file)
-        fail(std::strerror(errno));
-    file << bytes;
-    file.close();
-    if (!file)
-        fail("the disk is full, or the like");
-    if (fs::exists(status))
-        fs::permissions(temporary, status.permissions(), error);
-    if (!error)
-        fs::rename(temporary, target, error);
     if (error)
         fail(error.message());
+    const fs::file_status status = fs::status(target, error);
+    const bool exists = status.type() != fs::file_type::not_found;
+    if (exists && status.type() != fs::file_type::regular)
+        fail("no regular file");
+    constexpr fs::perms writable =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if (exists && (status.permissions() & writable) == fs::perms::none)
+        fail("it is read-only");
+    TemporaryFile file(target);
+    if (!file.isOpen() || !file.write(bytes))
+        fail(std::strerror(errno));
+    if (exists) {
+        fs::permissions(file.path(), status.permissions(), error);
+        if (error)
+            fail(error.message());
+    }
+    fs::rename(file.path(), target, error);
+    if (error)
+        fail(error.message());
+    file.keep();
 }
 
 } // namespace command

@@ -16,6 +16,17 @@ std::string indentationOf(const Element& element)
     return std::string(line.substr(0, line.find_first_not_of(" \t")));
 }
 
+/// The text with the line ends of the document.
+std::string withLineEnds(const Document& document, const std::string& text)
+{
+    if (document.text().find("\r\n") == std::string::npos)
+        return text;
+    std::string result;
+    for (const char c : text)
+        result += c == '\n' ? "\r\n" : std::string(1, c);
+    return result;
+}
+
 } // namespace
 
 void TextEdits::replace(std::size_t begin, std::size_t end, std::string text)
@@ -25,23 +36,29 @@ void TextEdits::replace(std::size_t begin, std::size_t end, std::string text)
 
 void TextEdits::append(const Element& element, const std::string& text)
 {
+    appendLines(element, withLineEnds(document_, text));
+}
+
+void TextEdits::appendLines(const Element& element, const std::string& text)
+{
+    const std::string newLine = document_.text().find("\r\n") == std::string::npos ? "\n" : "\r\n";
     const std::string indentation = indentationOf(element);
-    const std::string line = "\n" + indentation + "  " + text;
+    const std::string line = newLine + indentation + "  " + text;
     if (!element.isEmptyTag()) {
         // Behind the last child, so that the end tag keeps its line.
         const std::size_t at =
             element.children.empty() ? element.contentBegin : element.children.back()->end;
-        replace(at, at, element.children.empty() ? line + "\n" + indentation : line);
+        replace(at, at, element.children.empty() ? line + newLine + indentation : line);
         return;
     }
     // "<A/>" becomes "<A>...</A>"; a second text goes between them.
     const auto opened = std::ranges::find(edits_, element.end - 2, &Edit::begin);
     if (opened != edits_.end()) {
-        opened->text.insert(opened->text.rfind("\n" + indentation + "</"), line);
+        opened->text.insert(opened->text.rfind(newLine + indentation + "</"), line);
         return;
     }
     replace(element.end - 2, element.end,
-            ">" + line + "\n" + indentation + "</" + std::string(element.name) + ">");
+            ">" + line + newLine + indentation + "</" + std::string(element.name) + ">");
 }
 
 std::string TextEdits::apply() const { return apply(0, document_.text().size()); }

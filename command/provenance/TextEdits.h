@@ -24,6 +24,8 @@ public:
     [[nodiscard]] std::string apply(std::size_t begin, std::size_t end) const;
 
 private:
+    void appendLines(const Element& element, const std::string& text);
+
     struct Edit {
         std::size_t begin;
         std::size_t end;

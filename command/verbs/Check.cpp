@@ -2,6 +2,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <zelstandard/platform/Tools.h>
 
 #include <command/check/Rules.h>
 #include <command/names/Names.h>
@@ -80,7 +81,7 @@ CheckedFiles filesOf(const Asked& asked, const Context& context)
     if (asked.files.empty()) {
         Data& data = context.data();
         add(data.actionsPath());
-        if (data.hasOffice())
+        if (context.options.hasOffice && Tools::File::exists(data.officePath()))
             add(data.officePath());
         add(data.attributesPath());
         add(data.settingsPath());

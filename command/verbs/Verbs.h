@@ -17,6 +17,9 @@ Question declareExplain(CLI::App& app);
 Question declareAttributes(CLI::App& app);
 Question declareRules(CLI::App& app);
 Question declareMaterial(CLI::App& app);
+Question declareCheck(CLI::App& app);
+Question declareSet(CLI::App& app);
+Question declareFile(CLI::App& app);
 Question declareSettings(CLI::App& app);
 Question declareBatch(CLI::App& app);
 
