@@ -221,12 +221,68 @@ private:
              << finding.message << "  [" << finding.rule << "]\n";
         if (finding.snippet.empty())
             return;
-        std::string marker;
-        for (std::size_t i = 0; i + 1 < finding.place.column; ++i)
-            marker += i < finding.snippet.size() && finding.snippet[i] == '\t' ? '\t' : ' ';
-        marker += '^' + std::string(finding.length > 1 ? finding.length - 1 : 0, '~');
-        out_ << finding.snippet << '\n' << paint(marker, "32");
-        out_ << (finding.hint.empty() ? "" : "  " + finding.hint) << '\n';
+        printSnippet(finding);
+    }
+
+    /// The line, moved to the left and cut where it is long, and the mark below it.
+    void printSnippet(const Finding& finding)
+    {
+        constexpr std::size_t margin = 4;
+        std::vector<std::string> line = charactersOf(finding.snippet);
+        std::size_t mark = std::min(finding.place.column - 1, line.size());
+        std::size_t length = std::max<std::size_t>(finding.length, 1);
+        const auto drop = [&](std::size_t count) {
+            line.erase(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(count));
+            mark -= count;
+        };
+        const auto text = std::ranges::find_if(line, [](const auto& c) { return c != " "; });
+        drop(std::min(static_cast<std::size_t>(text - line.begin()), mark));
+        constexpr std::size_t room = pageWidth - margin;
+        if (line.size() > room && mark + std::min(length, room / 2) > room - 3) {
+            drop(mark - std::min(mark, room / 4));
+            std::fill_n(line.begin(), std::min<std::size_t>(3, mark), ".");
+        }
+        if (line.size() > room) {
+            line.resize(room);
+            std::fill_n(line.end() - 3, 3, ".");
+        }
+        length = std::min(length, std::max<std::size_t>(line.size(), mark + 1) - mark);
+        std::string shown(margin, ' ');
+        for (const std::string& character : line)
+            shown += character;
+        putLine(shown);
+        const std::string marker =
+            std::string(margin + mark, ' ') + '^' + std::string(length - 1, '~');
+        const bool isBeside = marker.size() + 2 + widthOf(finding.hint) <= pageWidth;
+        out_ << paint(marker, "32");
+        out_ << (finding.hint.empty() || !isBeside ? "" : "  " + finding.hint) << '\n';
+        if (!isBeside)
+            wrap(std::string(margin + 2, ' ') + finding.hint);
+    }
+
+    /// The characters of a text; what a terminal cannot show is "?", a tab a blank.
+    static std::vector<std::string> charactersOf(const std::string& text)
+    {
+        std::vector<std::string> characters;
+        for (const char c : text) {
+            const auto byte = static_cast<unsigned char>(c);
+            if ((byte & 0xC0U) == 0x80 && !characters.empty() && characters.back() != "?")
+                characters.back() += c;
+            else if (c == '\t')
+                characters.emplace_back(" ");
+            else
+                characters.emplace_back(byte < 0x20 || byte == 0x7F || byte >= 0xF8 ||
+                                                (byte & 0xC0U) == 0x80
+                                            ? "?"
+                                            : std::string(1, c));
+        }
+        for (std::string& character : characters) {
+            const auto lead = static_cast<unsigned char>(character.front());
+            const std::size_t size = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+            if (character.size() != size)
+                character = "?";
+        }
+        return characters;
     }
 
     /// A sentence, broken between words where it is too long.

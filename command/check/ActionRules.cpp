@@ -88,16 +88,17 @@ void compare(const CheckedFiles& files, Report& report, Factor lower, Factor upp
         for (const auto& [key, set] : type.sets) {
             const Value& low = set[lower];
             const Value& high = set[upper];
+            // What nobody gives, and a follower that was left behind, are told by other rules.
+            if (!low.element || !high.element || high.isLeftBehind || low.isLeftBehind)
+                continue;
             const bool isTaken = low.isCopy && high.isCopy;
-            const Element* at =
-                high.element && (!low.element || low.isCopy) ? high.element : low.element;
-            if (low.number <= high.number || isTaken || !at ||
+            const Element& at = low.isCopy ? *high.element : *low.element;
+            if (low.number <= high.number || isTaken ||
                 !seen.insert({low.element, high.element}).second)
                 continue;
-            if (office && (!low.element || low.element->document != office) &&
-                (!high.element || high.element->document != office))
+            if (office && low.element->document != office && high.element->document != office)
                 continue;
-            report.atText(*at,
+            report.atText(at,
                           std::string(rowOf(lower).title) + " " + numberOf(low) + " is above " +
                               rowOf(upper).title + " " + numberOf(high) + " of " + type.word +
                               ", " + wordOf(std::get<0>(key)) + ", " + structureText(key),

@@ -147,8 +147,9 @@ void missingElement(const CheckedFiles& files, Report& report)
     forSites(files, [&](const CheckedFile& file, const Element& element, const Form& form) {
         for (const Form* child : form.children)
             if (child->isRequired && !element.child(child->name) && !file.isOffice)
-                report.atTag(element, describe(element) + " has no " + std::string(child->name),
-                             withFallback({}, child->fallback));
+                report.atTag(
+                    element, describe(element) + " has no " + std::string(child->name),
+                    withFallback({}, child->missing.empty() ? child->fallback : child->missing));
         if (form.content == Form::Content::Word && element.text.empty() && !form.mayBeEmpty)
             report.atTag(element, describe(element) + " is empty", withFallback({}, form.fallback));
     });

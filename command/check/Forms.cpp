@@ -139,7 +139,11 @@ const Form annexesForm{.name = "ANNEXES",
                        .attributes = {{"ACCEPTED"}},
                        .children = {&annexForm}};
 const Form groupForm = word("ACTIONGROUP", groups, "no group");
-const Form durationForm = word("LOADDURATION", durations, "PERMANENT, and when missing MEDIUMTERM");
+const Form durationForm = [] {
+    Form form = word("LOADDURATION", durations, "PERMANENT");
+    form.missing = "MEDIUMTERM";
+    return form;
+}();
 const Form actionForm{
     .name = "ACTIONTYPE",
     .attributes = {required("NAME", &actions, "NONE"), {"NOTE"}, {"ACCEPTED"}},

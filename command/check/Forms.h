@@ -41,6 +41,7 @@ struct Form {
     const WordKind* words = nullptr;
     /// As in AttributeForm.
     std::string_view fallback{};
+    std::string_view missing{}; ///< the same of a missing one, where that differs
     bool isRequired = false;
     /// May also be empty, and one of the words then is not needed.
     bool mayBeEmpty = false;

@@ -71,7 +71,8 @@ std::string effectOnFactors(const CheckedFiles& files, const Element& element,
                 int heirs = 0;
                 for (const auto& [other, heir] : type.sets)
                     if (code == Mode::EC && std::get<0>(other) != code &&
-                        std::get<1>(other) == isBuilding && std::get<2>(other) == bridgeType &&
+                        std::get<0>(other) != Mode::NO_CODE && std::get<1>(other) == isBuilding &&
+                        std::get<2>(other) == bridgeType &&
                         heir[factor.value].steps.back().kind == ValueStep::Kind::Copy)
                         ++heirs;
                 const std::string number = numberText(set[factor.value].number, 0);

@@ -81,26 +81,28 @@ const Element* Element::find(std::string_view key) const
 Position Element::position() const { return document->positionOf(begin); }
 Position Element::textPosition() const { return document->positionOf(textAt); }
 
-void refuseIrregular(const std::string& path)
+bool checkFile(const std::string& path)
 {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
+    if (status.type() == fs::file_type::not_found)
+        return false;
+    if (status.type() == fs::file_type::none)
+        throw Failure("cannot read \"" + path + "\": " + error.message());
     if (status.type() == fs::file_type::directory)
         throw Failure("\"" + path + "\" is a folder; name a file in it");
-    if (status.type() != fs::file_type::not_found && status.type() != fs::file_type::regular)
+    if (status.type() != fs::file_type::regular)
         throw Failure("\"" + path + "\" is no regular file");
+    if (fs::file_size(path, error) > Document::largest)
+        throw Failure("\"" + path + "\" is larger than 64 MiB; no data file is");
+    return true;
 }
 
 std::string readFile(const std::string& path)
 {
-    namespace fs = std::filesystem;
-    std::error_code error;
-    refuseIrregular(path);
-    if (!fs::exists(path, error))
+    if (!checkFile(path))
         throw Failure("no file \"" + path + "\"");
-    if (fs::file_size(path, error) > Document::largest)
-        throw Failure("\"" + path + "\" is larger than 64 MiB; no data file is");
     std::ifstream file(path, std::ios::binary);
     std::ostringstream bytes;
     // An empty file gives the stream nothing, which it takes for a failure.

@@ -127,9 +127,9 @@ bool readNumber(std::string_view text, double& value);
 /// The shortest text that reads back equal.
 std::string numberText(double value);
 
-/// Throws Failure for a path that is neither a regular file nor missing; to open such a one may
-/// block.
-void refuseIrregular(const std::string& path);
+/// Throws Failure for what is no regular file or too large: a pipe would be waited for.
+/// @return false when there is none
+bool checkFile(const std::string& path);
 
 /// The bytes of a regular file. Throws Failure when they cannot be had.
 std::string readFile(const std::string& path);

@@ -92,23 +92,14 @@ CheckedFiles filesOf(const Asked& asked, const Context& context)
 
 void addAccepted(Answer& answer, const Report& report)
 {
-    Table table{
-        {{"rule", "rule"},
-         {"file", "file"},
-         {"line", "line"},
-         {"finding", "finding"},
-         {"reason", "reason"}},
-        {}
-    };
-    for (const auto& [finding, reason] : report.accepted())
-        table.rows.push_back({finding.rule, finding.place.file,
-                              Cell(static_cast<double>(finding.place.line), 0), finding.message,
-                              reason});
     Section& section = answer.section("Accepted");
-    if (table.rows.empty())
+    for (const auto& [finding, reason] : report.accepted()) {
+        section.lines.push_back(finding.place.file + ":" + std::to_string(finding.place.line) +
+                                ": " + finding.message + "  [" + finding.rule + "]");
+        section.lines.push_back("    " + reason);
+    }
+    if (section.lines.empty())
         section.lines.emplace_back("Nothing.");
-    else
-        section.table = std::move(table);
 }
 
 std::string counted(std::size_t count, const std::string& word)

@@ -10,10 +10,7 @@
 namespace command
 {
 
-Session::Session(const Options& options) : data(options.data, options.hasOffice)
-{
-    refuseIrregular(data.settingsPath()); // the library opens it first of all
-}
+Session::Session(const Options& options) : data(options.data, options.hasOffice) {}
 
 namespace
 {

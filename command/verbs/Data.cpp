@@ -22,6 +22,7 @@ Data::Data(std::string folder, bool withOffice)
     actionsPath_ = folder_ + "/ActionTypes.xml";
     attributesPath_ = folder_ + "/StateAttributes.xml";
     settingsPath_ = folder_ + "/Profiles/Standard.xml";
+    (void)checkFile(settingsPath_); // which the library opens by itself
 }
 
 std::shared_ptr<const Document> Data::document(std::shared_ptr<const Document>& kept,
@@ -44,7 +45,14 @@ const Document& Data::attributesDocument()
     return *document(attributesDocument_, attributesPath_);
 }
 
-const Document& Data::settingsDocument() { return *document(settingsDocument_, settingsPath_); }
+const Document& Data::settingsDocument()
+{
+    const Document& read = *document(settingsDocument_, settingsPath_);
+    if (read.isEnciphered())
+        throw Failure("\"" + settingsPath_ +
+                      "\" is enciphered; the library reads settings plain only");
+    return read;
+}
 
 const Document* Data::officeDocument()
 {
@@ -119,7 +127,7 @@ void Data::dropActions()
 
 void Data::loadActions(const std::string& path)
 {
-    if (!Tools::File::exists(path))
+    if (!checkFile(path))
         return;
     dropActions();
     actionsPath_ = path;
@@ -141,7 +149,7 @@ void Data::loadActions(const ZelXmlTree& tree, const std::string& text)
 
 void Data::loadAttributes(const std::string& path)
 {
-    if (!Tools::File::exists(path))
+    if (!checkFile(path))
         return;
     rules_.reset();
     attributesPath_ = path;
@@ -172,6 +180,7 @@ void Data::forget() { rules_.reset(); }
 
 void Data::useSettings(const std::string& path)
 {
+    (void)checkFile(path);
     settingsPath_ = path;
     settingsDocument_.reset();
     materialValues_.reset();

@@ -41,7 +41,10 @@ public:
     const Document& settingsDocument();
     /// Null when there is none, or when it is left out.
     const Document* officeDocument();
-    std::shared_ptr<const Document> officeShared() { return officeDocument() ? officeDocument_ : nullptr; }
+    std::shared_ptr<const Document> officeShared()
+    {
+        return officeDocument() ? officeDocument_ : nullptr;
+    }
 
     // Where their values come from.
 
