@@ -307,29 +307,37 @@ void defaultReachesBridges(const CheckedFiles& files, Report& report)
 
 void followerLeftBehind(const CheckedFiles& files, Report& report)
 {
-    std::set<std::pair<const Element*, Factor>> seen;
+    // By the value that was changed and its set: the heirs of EC are told with it.
+    std::set<const Element*> seen;
     forValues(files, [&](const ActionValues& type, const Document* office) {
         for (const auto& [key, set] : type.sets)
-            for (const FactorRow& row : factors) {
-                const Value& value = set[row.value];
-                const Value& leader = set[row.leader];
-                if (!value.isLeftBehind || !leader.element || (leader.isCopy && value.isCopy))
-                    continue;
-                if (office && leader.element->document != office &&
-                    value.element->document != office)
-                    continue;
-                // The one that was changed; the heirs of EC are told with it.
-                const Element& changed =
-                    value.isCopy || !leader.isCopy ? *leader.element : *value.element;
-                if (!seen.insert({&changed, row.value}).second)
-                    continue;
-                report.atText(changed,
-                              std::string(rowOf(row.leader).title) + " is " + numberOf(leader) +
-                                  ", and " + row.title + " stays " + numberOf(value) + " of " +
-                                  type.word + ", " + wordOf(std::get<0>(key)) + ", " +
-                                  structureText(key),
-                              std::string("give ") + row.element +
-                                  " too; with a SOURCE of its own when it is meant to differ");
+            for (const Factor leading : {Factor::Psi1, Factor::Psi2}) {
+                const Value& leader = set[leading];
+                const Element* changed = nullptr;
+                std::string behind;
+                std::string elements;
+                for (const FactorRow& row : factors) {
+                    const Value& value = set[row.value];
+                    const bool isCopied = leader.isCopy && value.isCopy;
+                    const bool isOffice =
+                        leader.element && value.element &&
+                        (leader.element->document == office || value.element->document == office);
+                    if (row.leader != leading || !value.isLeftBehind || !leader.element ||
+                        isCopied || (office && !isOffice))
+                        continue;
+                    changed = leader.isCopy ? value.element : leader.element;
+                    behind += (behind.empty() ? "" : ", ") + std::string(row.title) + " " +
+                              numberOf(value);
+                    elements += (elements.empty() ? "" : " and ") + std::string(row.element);
+                }
+                if (changed && seen.insert(changed).second)
+                    report.atText(*changed,
+                                  std::string(rowOf(leading).title) + " of " + type.word + ", " +
+                                      wordOf(std::get<0>(key)) + ", " + structureText(key) +
+                                      " is " + numberOf(leader) + ", and what follows it stays " +
+                                      behind,
+                                  "give " + elements +
+                                      " too; with a SOURCE of its own when it is meant to differ");
             }
     });
 }

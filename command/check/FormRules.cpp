@@ -145,11 +145,18 @@ void duplicateElement(const CheckedFiles& files, Report& report)
 void missingElement(const CheckedFiles& files, Report& report)
 {
     forSites(files, [&](const CheckedFile& file, const Element& element, const Form& form) {
-        for (const Form* child : form.children)
-            if (child->isRequired && !element.child(child->name) && !file.isOffice)
-                report.atTag(
-                    element, describe(element) + " has no " + std::string(child->name),
-                    withFallback({}, child->missing.empty() ? child->fallback : child->missing));
+        std::string names;
+        std::string effects;
+        for (const Form* child : form.children) {
+            if (!child->isRequired || element.child(child->name) || file.isOffice)
+                continue;
+            names += (names.empty() ? "" : ", ") + std::string(child->name);
+            effects += (effects.empty() ? "As it stands " : "; ") + std::string(child->name) +
+                       " reads as " +
+                       std::string(child->missing.empty() ? child->fallback : child->missing);
+        }
+        if (!names.empty())
+            report.atTag(element, describe(element) + " has no " + names, effects);
         if (form.content == Form::Content::Word && element.text.empty() && !form.mayBeEmpty)
             report.atTag(element, describe(element) + " is empty", withFallback({}, form.fallback));
     });

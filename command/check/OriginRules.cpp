@@ -55,10 +55,13 @@ void checkValue(Report& report, const Element& value)
     if (factor && factor->leader != factor->value && !isOwn &&
         set.child(rowOf(factor->leader).element))
         return;
-    for (const std::string_view key : {source, status})
-        if (!given(key))
-            report.atTag(value, describe(value) + " has no " + std::string(key),
-                         "other values of the file say where they come from");
+    const std::string missing = given(source) ? given(status) ? "" : std::string(status)
+                                : given(status)
+                                    ? std::string(source)
+                                    : std::string(source) + " and no " + std::string(status);
+    if (!missing.empty())
+        report.atTag(value, describe(value) + " has no " + missing,
+                     "other values of the file say where they come from");
 }
 
 void checkTicks(const CheckedFiles& files, Report& report, bool isStale)

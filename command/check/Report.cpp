@@ -40,7 +40,9 @@ void Report::add(const Document& document, const Element* around, std::size_t be
 {
     const Position position = document.positionOf(begin);
     const Position last = document.positionOf(end);
-    const std::string line(document.lineText(position.line));
+    std::string line(document.lineText(position.line));
+    if (position.line == 1 && line.starts_with("\xEF\xBB\xBF"))
+        line.erase(0, 3);
     Finding finding;
     finding.severity = rule_->severity;
     finding.rule = rule_->name;

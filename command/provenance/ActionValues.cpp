@@ -400,17 +400,13 @@ std::string escaped(const std::string& text)
     return result;
 }
 
-/// What the factor becomes when a set is named at the end of the annex and does not give it.
-double valueByNaming(const FactorRow& factor, const Element& annex, double value)
+/// Whether naming a set at the end of the annex gives it the factor anew.
+bool isGivenByNaming(const FactorRow& factor, const Element& annex, double value)
 {
-    double named = factor.value == Factor::CrackRed ? 1 : value;
-    for (const Element* set : annex.children) {
-        const Element* given = set->get("NAME") == "DEFAULT" ? set->child(factor.element) : nullptr;
-        double number = 0;
-        if (given && readNumber(given->text, number))
-            named = number >= 0 ? number : value;
-    }
-    return named;
+    const bool isDefault = std::ranges::any_of(annex.children, [&](const Element* set) {
+        return set->get("NAME") == "DEFAULT" && set->child(factor.element);
+    });
+    return isDefault || (factor.value == Factor::CrackRed && value != 1);
 }
 
 /// The element of a set of the office for the end of the annex. What a DEFAULT would overwrite
@@ -423,7 +419,7 @@ std::string officeSet(const Element& set, const Element& annex, const FactorSet*
         if (!wanted || set.child(factor.element))
             continue;
         const Value& value = (*wanted)[factor.value];
-        if (valueByNaming(factor, annex, value.number) == value.number)
+        if (!isGivenByNaming(factor, annex, value.number))
             continue;
         const std::string name = factor.element;
         repeated += "<" + name;
@@ -433,9 +429,15 @@ std::string officeSet(const Element& set, const Element& annex, const FactorSet*
         repeated += ">" + numberText(value.number) + "</" + name + ">";
     }
     TextEdits edits(*set.document);
+    std::string origin;
+    if (!set.attribute("SOURCE"))
+        origin += " SOURCE=\"Office, Office.xml, own value\"";
     if (!set.attribute("STATUS"))
-        edits.replace(set.begin + 1 + set.name.size(), set.begin + 1 + set.name.size(),
-                      " STATUS=\"OFFICE\"");
+        origin += " STATUS=\"OFFICE\"";
+    if (!set.attribute("ACCEPTED"))
+        origin += " ACCEPTED=\"duplicate-set: laid over by the office\"";
+    const std::size_t behindName = set.begin + 1 + set.name.size();
+    edits.replace(behindName, behindName, origin);
     if (!repeated.empty())
         edits.append(set, repeated);
     return edits.apply(set.begin, set.end);

@@ -248,7 +248,8 @@ std::vector<const FactorRow*> alteredBesides(const FactorSet& before, const Fact
 }
 
 /// The difference of all values of a type, equal ones of several codes in one row.
-void addDifference(Answer& answer, const ActionValues& before, const ActionValues& after)
+void addDifference(Answer& answer, const ActionValues& before, const ActionValues& after,
+                   Factor asked, Mode changed)
 {
     struct Change {
         std::vector<Mode> codes;
@@ -272,6 +273,11 @@ void addDifference(Answer& answer, const ActionValues& before, const ActionValue
             }
         }
     Section& section = answer.section(before.word + "  " + nameOf(before.id));
+    if (!before.annexOf(changed)) {
+        section.lines.push_back(before.word + " was inactive under " + wordOf(changed) +
+                                ": all else is that of EC now.");
+        return;
+    }
     if (changes.empty()) {
         section.lines.emplace_back(
             "The number was the same before; source and status are written.");
@@ -295,7 +301,7 @@ void addDifference(Answer& answer, const ActionValues& before, const ActionValue
             names += (names.empty() ? "" : " ") + structure;
         section.table->rows.push_back({row.title, Cell(std::get<1>(key), row.decimals),
                                        Cell(std::get<2>(key), row.decimals), codes, names});
-        if (change.codes.size() > 1 && change.codes.front() == Mode::EC)
+        if (change.codes.size() > 1 && change.codes.front() == Mode::EC && row.value == asked)
             answer.note(std::to_string(change.codes.size() - 1) +
                         " codes follow because they take " + row.title + " as EC.");
     }
@@ -316,7 +322,8 @@ void addFindings(Answer& answer, std::shared_ptr<const Document> before,
         const bool isOld = std::ranges::any_of(old, [&](const Finding& other) {
             return other.rule == finding.rule && other.message == finding.message;
         });
-        if (isOld)
+        // The first source of a file makes the check ask for all the others.
+        if (isOld || finding.rule == "missing-source")
             continue;
         if (finding.rule == "stale-tick")
             answer.note("A tick is stale now: " + finding.message + ".");
@@ -395,7 +402,7 @@ Answer answerSet(const Asked& asked, const Context& context)
 
     replaceFile(path, changed->text());
     context.data().loadActions(path);
-    addDifference(answer, *type, *after->find(action));
+    addDifference(answer, *type, *after->find(action), factor.value, code);
     addFindings(answer, document, changed);
     if (const Document* office = context.data().officeDocument()) {
         const ActionFile overlay(changed, context.data().officeShared());
