@@ -132,6 +132,7 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
     CLI::App app("Design codes, actions, superposition and materials: what the data say, and why.",
                  "zelstandard");
     app.fallthrough();
+    app.require_subcommand(0, 1); // "settings set": the second word is no verb
     declareOptions(app, options);
     bool asksVersion = false;
     app.add_flag("--version", asksVersion, "Versions of the command and of the data");

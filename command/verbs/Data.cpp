@@ -127,7 +127,7 @@ void Data::dropActions()
 
 void Data::loadActions(const std::string& path)
 {
-    if (!checkFile(path))
+    if (!Tools::File::exists(path))
         return;
     dropActions();
     actionsPath_ = path;
@@ -149,7 +149,7 @@ void Data::loadActions(const ZelXmlTree& tree, const std::string& text)
 
 void Data::loadAttributes(const std::string& path)
 {
-    if (!checkFile(path))
+    if (!Tools::File::exists(path))
         return;
     rules_.reset();
     attributesPath_ = path;

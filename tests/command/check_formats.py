@@ -12,7 +12,7 @@ import tempfile
 
 import jsonschema
 
-ROOT, COMMAND = pathlib.Path(sys.argv[1]), sys.argv[2:]
+ROOT, COMMAND = pathlib.Path(sys.argv[1]).resolve(), [*sys.argv[2:-1], str(pathlib.Path(sys.argv[-1]).resolve())]
 QUESTIONS = [
     "factors wind snow --code all --for all", "table --code BS --for road", "explain wind psi0 --code BS --for building",
     "explain GAMMA_C --code BS", "list actions", "where", "rules fundamental", "attributes --all", "material --code all",
