@@ -8,11 +8,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#ifdef _WIN32
-#include <io.h>
-#else
 #include <unistd.h>
-#endif
 
 #include <command/vocabulary/Failure.h>
 
@@ -24,19 +20,20 @@ namespace
 
 namespace fs = std::filesystem;
 
-#ifdef _WIN32
-int openNew(const char* path)
-{
-    return _open(path, _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-}
+// Where files of text and of bytes differ, the flush to the disk has another name too.
+#ifdef O_BINARY
+constexpr int bytesAsTheyAre = O_BINARY;
 int flush(int file) { return _commit(file); }
 #else
-int openNew(const char* path)
-{
-    return ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-}
+constexpr int bytesAsTheyAre = 0;
 int flush(int file) { return ::fsync(file); }
 #endif
+
+/// @return -1 when there is such a file
+int openNew(const char* path)
+{
+    return ::open(path, O_WRONLY | O_CREAT | O_EXCL | bytesAsTheyAre, 0666);
+}
 
 /// An open file that nobody else writes; closed and removed unless it is kept.
 class TemporaryFile
