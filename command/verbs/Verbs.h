@@ -20,6 +20,7 @@ Question declareMaterial(CLI::App& app);
 Question declareCheck(CLI::App& app);
 Question declareSet(CLI::App& app);
 Question declareFile(CLI::App& app);
+Question declareCombine(CLI::App& app);
 Question declareSettings(CLI::App& app);
 Question declareBatch(CLI::App& app);
 
