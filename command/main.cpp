@@ -28,6 +28,7 @@ const std::vector<Verb> verbs = {
     {"set",        "Changes a factor in the file, and all that follows it",            "zelstandard set wind psi0 0.55 --code BS --for building --source \"Office, rule 7, wind\"", declareSet},
     {"file",       "Enciphers, deciphers, or merges the office's values for programs", "zelstandard file merge Merged.xml",                              declareFile},
     {"combine",    "The combinations of a rule, as formulas and as a matrix of factors", "zelstandard combine G1 snow wind NLA --rule fundamental --code EC --for building", declareCombine},
+    {"sources",    "Writes SOURCES.md: what each code decides, with source, status, ticks", "zelstandard sources --data data --check",                       declareSources},
     {"settings",   "The eight settings: show, or set one in the file",                 "zelstandard settings show",                                      declareSettings},
     {"batch",      "Verbs line by line, with the operations of the library",           "echo \"factors wind\" | zelstandard batch",                      declareBatch},
 };

@@ -13,7 +13,7 @@ namespace
 using Selection = std::vector<bool>;
 
 /// Which parts stand together: one of each exclusion group, and all that belong to none.
-std::vector<Selection> selectionsOf(const std::vector<Part>& parts)
+std::vector<Selection> selectionsOf(const std::vector<Participant>& parts)
 {
     std::map<int, std::vector<std::size_t>> groups;
     for (std::size_t i = 0; i < parts.size(); ++i)
@@ -34,13 +34,13 @@ std::vector<Selection> selectionsOf(const std::vector<Part>& parts)
     return selections;
 }
 
-bool standTogether(const Part& left, const Part& right)
+bool standTogether(const Participant& left, const Participant& right)
 {
     return left.action == right.action || (left.group != 0 && left.group == right.group);
 }
 
 /// The variable parts that lead in turn, those together that are one.
-std::vector<std::vector<std::size_t>> leadersOf(const std::vector<Part>& parts,
+std::vector<std::vector<std::size_t>> leadersOf(const std::vector<Participant>& parts,
                                                 const Selection& selection)
 {
     std::vector<std::vector<std::size_t>> units;
@@ -58,7 +58,7 @@ std::vector<std::vector<std::size_t>> leadersOf(const std::vector<Part>& parts,
     return units;
 }
 
-Combination combine(const std::vector<Part>& parts, const Selection& selection,
+Combination combine(const std::vector<Participant>& parts, const Selection& selection,
                     const std::vector<std::size_t>& leaders)
 {
     Combination combination;
@@ -78,7 +78,7 @@ Combination combine(const std::vector<Part>& parts, const Selection& selection,
 
 } // namespace
 
-std::vector<Combination> combinationsOf(const std::vector<Part>& parts, bool leads)
+std::vector<Combination> combinationsOf(const std::vector<Participant>& parts, bool leads)
 {
     std::vector<Combination> result;
     for (const Selection& selection : selectionsOf(parts)) {

@@ -19,7 +19,7 @@ enum class Choice {
 };
 
 /// One column.
-struct Part {
+struct Participant {
     Choice choice = Choice::Variable;
     int action = 0;    ///< parts of one action lead together
     int exclusion = 0; ///< parts of one exclusion group never stand together; 0: none
@@ -43,6 +43,6 @@ struct Combination {
 /// Every combination: each choice out of the exclusion groups, each leader, sup and inf. The first
 /// parts lead first.
 /// @param leads whether one of the variable actions leads
-std::vector<Combination> combinationsOf(const std::vector<Part>& parts, bool leads);
+std::vector<Combination> combinationsOf(const std::vector<Participant>& parts, bool leads);
 
 } // namespace command

@@ -101,7 +101,7 @@ struct Member {
     ActionTypeId action{};
     ActionGroupType kind{};
     const FactorSet* factors = nullptr;
-    Part part;
+    Participant part;
 
     [[nodiscard]] bool isVariable() const { return part.choice == Choice::Variable; }
 };
@@ -148,7 +148,7 @@ public:
             {"code",      wordOf(code_)       },
             {"structure", wordOf(structure_)  }
         };
-        std::vector<Part> parts;
+        std::vector<Participant> parts;
         for (const Member& member : members_)
             parts.push_back(member.part);
         for (const Combination& combination : combinationsOf(parts, rule_.leads))
@@ -295,16 +295,15 @@ private:
 
     Product productOf(const Member& member, Role role, bool isSup) const
     {
+        static const Product none{0, {}, {}};
         Product product;
-        if (role == Role::Absent) {
-            product.number = 0;
-            return product;
-        }
+        if (role == Role::Absent)
+            return none;
         const bool isVariable = role == Role::Leading || role == Role::Accompanying;
         if (rule_.hasGamma && role != Role::Event)
             product.multiply((*member.factors)[isSup ? Factor::GammaSup : Factor::GammaInf]);
         else if (isVariable && !isSup)
-            product.number = 0;
+            return none;
         const auto psi = role == Role::Leading        ? rule_.leading
                          : role == Role::Accompanying ? rule_.accompanying
                                                       : std::nullopt;

@@ -21,6 +21,7 @@ Question declareCheck(CLI::App& app);
 Question declareSet(CLI::App& app);
 Question declareFile(CLI::App& app);
 Question declareCombine(CLI::App& app);
+Question declareSources(CLI::App& app);
 Question declareSettings(CLI::App& app);
 Question declareBatch(CLI::App& app);
 

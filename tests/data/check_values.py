@@ -228,8 +228,8 @@ def office(data):
 
 
 def sources(data):
-    run = subprocess.run([sys.executable, ROOT / "cmake" / "sources.py", data], capture_output=True, text=True,
-                         timeout=60, check=False)
+    run = subprocess.run([*COMMAND[:-1], COMMAND[-1].replace("answers", "zelstandard"), "sources", "--data", data],
+                         capture_output=True, text=True, timeout=60, check=False)
     return run.stdout + run.stderr, (data / "SOURCES.md").read_text(encoding="utf-8")
 
 
@@ -259,7 +259,7 @@ def ticking(data):
     changed(data, "ActionTypes.xml", 'ACTIONTYPE NAME="LM71"', "<PSI0[^>]*>[0-9.]+", "<PSI0>0.87")
     changed(data, "ActionTypes.xml", 'ACTIONTYPE NAME="T"', '("DEFAULT".*?<PSI0[^>]*>)[0-9.]+', r"\g<1>0.67")
     told, text = sources(data)
-    if "9 ticks, 3 stale" not in told or told.count("stale: ") != 1 + 1 + 5 or "STALE: AB" not in text:
+    if "9 ticks, 3 stale" not in told or told.count("stale-tick") != 1 + 1 + 5 or "STALE: AB" not in text:
         yield f"changed values: {told}"
     tick("E", "SIA", "HARBOUR 1.00")
     told, _ = sources(data)
