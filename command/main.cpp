@@ -29,6 +29,8 @@ const std::vector<Verb> verbs = {
     {"file",       "Enciphers, deciphers, or merges the office's values for programs", "zelstandard file merge Merged.xml",                              declareFile},
     {"combine",    "The combinations of a rule, as formulas and as a matrix of factors", "zelstandard combine G1 snow wind NLA --rule fundamental --code EC --for building", declareCombine},
     {"sources",    "Writes SOURCES.md: what each code decides, with source, status, ticks", "zelstandard sources --data data --check",                       declareSources},
+    {"diff",       "What differs: codes, files, folders, or a revision of git",         "zelstandard diff EC DIN-EN --for building",                      declareDiff},
+    {"report",     "One page for the browser and for print: tables, sources, rules",    "zelstandard report report.html --code EC,BS --for all",          declareReport},
     {"settings",   "The eight settings: show, or set one in the file",                 "zelstandard settings show",                                      declareSettings},
     {"batch",      "Verbs line by line, with the operations of the library",           "echo \"factors wind\" | zelstandard batch",                      declareBatch},
 };

@@ -22,6 +22,8 @@ Question declareSet(CLI::App& app);
 Question declareFile(CLI::App& app);
 Question declareCombine(CLI::App& app);
 Question declareSources(CLI::App& app);
+Question declareDiff(CLI::App& app);
+Question declareReport(CLI::App& app);
 Question declareSettings(CLI::App& app);
 Question declareBatch(CLI::App& app);
 
