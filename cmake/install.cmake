@@ -8,6 +8,11 @@ endif()
 install(TARGETS ${targets} EXPORT zelstandard FILE_SET HEADERS)
 if(TARGET command)
     install(TARGETS command)
+    if(TARGET command_help)
+        install(FILES ${PROJECT_BINARY_DIR}/command/zelstandard.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+        install(FILES ${PROJECT_BINARY_DIR}/command/zelstandard.bash
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zelstandard)
+    endif()
 endif()
 install(EXPORT zelstandard NAMESPACE zelstandard:: DESTINATION ${package_dir})
 configure_package_config_file(cmake/zelstandardConfig.cmake.in

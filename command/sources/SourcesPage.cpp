@@ -132,6 +132,13 @@ std::string originText(const Entries& entries)
     return text;
 }
 
+/// What a tick there repeats.
+std::string textOf(const TickPlace& place)
+{
+    return (place.structure.empty() ? "" : place.structure + " ") +
+           joined(place.wordings.back(), " ");
+}
+
 class Page
 {
 public:
@@ -208,19 +215,19 @@ private:
     // Ticks.
 
     /// Ticked when all places are; else what to paste, places that repeat the same in one line.
-    static std::string tickText(const Ticks& ticks, const std::vector<TickKey>& keys)
+    [[nodiscard]] std::string tickText(const std::vector<TickKey>& keys) const
     {
         Groups<std::pair<std::string, std::string>, std::string> groups;
         for (const auto& [element, structure] : keys) {
-            const TickPlace* place = ticks.place(*element, structure);
-            const Tick* tick = ticks.tick(*element, structure);
+            const TickPlace* place = data_.ticks.place(element, structure);
+            const Tick* tick = data_.ticks.find(element, structure);
             std::string state;
             if (tick)
                 state = tick->state == Tick::State::Holds
                             ? "ticked: " + tick->who
                             : "STALE: " + tick->who + " read " + tick->read + ". ";
             const bool isSet = element->name == "CLASSIFICATION";
-            addOnce(groups[{state, place ? place->text() : ""}],
+            addOnce(groups[{state, place ? textOf(*place) : ""}],
                     isSet ? std::string(element->get("NAME")) : "ANNEX");
         }
         Texts lines;
@@ -295,7 +302,7 @@ private:
             }
             const Element* annex = type.annexOf(code);
             for (const std::string& structure : row.structures)
-                if (annex && data_.actionTicks.tick(*annex, structure))
+                if (annex && data_.ticks.find(annex, structure))
                     addPlace(annex, structure);
         }
         return rows;
@@ -337,7 +344,7 @@ private:
                 extra += " " + name + " " + value->element->text;
             numbers.push_back(value->element->text);
         }
-        const std::string ticks = tickText(data_.actionTicks, row.places);
+        const std::string ticks = tickText(row.places);
         const std::string where = namesOf(row.structures);
         if (extra.empty() && std::ranges::all_of(row.own, [](const Entry& entry) {
                 return entry.value->origin.status == "CONVENTION";
@@ -403,11 +410,10 @@ private:
             texts.push_back(type.word + (taken.size() == there ? "" : " (" + bridges + ")"));
             const Element* annex = type.annexOf(code);
             for (const std::string& structure : taken)
-                if (annex && data_.actionTicks.tick(*annex, structure))
+                if (annex && data_.ticks.find(annex, structure))
                     ticks += "- " + type.word + " as EC: " +
-                             tickText(data_.actionTicks,
-                                      {
-                                          {annex, structure}
+                             tickText({
+                                 {annex, structure}
                     }) +
                              "\n";
         }
@@ -459,12 +465,12 @@ private:
                     for (const Entry& entry : entriesOf(*table, *annex))
                         if (entry.value->place)
                             own.push_back(entry);
-                const std::string tick = tickText(data_.materialTicks, {
-                                                                           {annex, ""}
+                const std::string tick = tickText({
+                    {annex, ""}
                 });
                 if (!own.empty())
                     rows.push_back({name, numbersOf(own), originText(own), tick});
-                else if (data_.materialTicks.tick(*annex))
+                else if (data_.ticks.find(annex, ""))
                     rows.push_back({name, "taken as EC", "", tick});
                 else
                     taken.push_back(name);
@@ -490,6 +496,20 @@ private:
 
 std::string sourcesPage(const SourcesOf& data) { return Page(data).text(); }
 
+namespace
+{
+
+std::string faultOf(const Tick& tick)
+{
+    if (tick.state == Tick::State::Nowhere)
+        return "\"" + tick.read + "\" ticks nothing here; SOURCES.md says what to write";
+    if (tick.state == Tick::State::Twice)
+        return tick.structure + " is ticked twice";
+    return "a tick is \"initials YYYY-MM-DD, edition YEAR: values\"";
+}
+
+} // namespace
+
 std::vector<SourceFault> sourceFaults(const SourcesOf& data)
 {
     std::vector<SourceFault> faults;
@@ -508,17 +528,10 @@ std::vector<SourceFault> sourceFaults(const SourcesOf& data)
         for (const Mode code : allCodes())
             for (std::size_t i = 0; i < columnsOf(table).size(); ++i)
                 look(data.materials.find(table, code, i));
-    for (const Ticks* ticks : {&data.actionTicks, &data.materialTicks})
-        for (const Tick& tick : ticks->ticks())
-            if (tick.state == Tick::State::Nowhere || tick.state == Tick::State::Twice ||
-                tick.state == Tick::State::Malformed)
-                faults.push_back(
-                    {tick.element,
-                     tick.state == Tick::State::Nowhere
-                         ? "\"" + tick.read + "\" ticks nothing here; SOURCES.md says what to write"
-                     : tick.state == Tick::State::Twice
-                         ? tick.structure + " is ticked twice"
-                         : "a tick is \"initials YYYY-MM-DD, edition YEAR: values\""});
+    for (const Tick& tick : data.ticks.all())
+        if (tick.state == Tick::State::Nowhere || tick.state == Tick::State::Twice ||
+            tick.state == Tick::State::Malformed)
+            faults.push_back({tick.element, faultOf(tick)});
     return faults;
 }
 

@@ -24,8 +24,7 @@ struct SourceFault {
 struct SourcesOf {
     const ActionFile& actions;
     const MaterialFile& materials;
-    const Ticks& actionTicks;
-    const Ticks& materialTicks;
+    const Ticks& ticks;
 };
 
 /// The page in Markdown, lines parted by "\n".

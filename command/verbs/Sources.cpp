@@ -38,7 +38,7 @@ std::string nameOf(const Tick& tick)
 
 void addStale(Answer& answer, const Ticks& ticks)
 {
-    for (const Tick& tick : ticks.ticks())
+    for (const Tick& tick : ticks.all())
         if (tick.state == Tick::State::Stale)
             answer.findings.push_back(
                 findingAt(*tick.element, Severity::Note, "stale-tick",
@@ -50,10 +50,9 @@ void addStale(Answer& answer, const Ticks& ticks)
 std::size_t elementsOf(const SourcesOf& data, bool onlyStale)
 {
     std::set<const Element*> elements;
-    for (const Ticks* ticks : {&data.actionTicks, &data.materialTicks})
-        for (const Tick& tick : ticks->ticks())
-            if (!onlyStale || tick.state == Tick::State::Stale)
-                elements.insert(tick.element);
+    for (const Tick& tick : data.ticks.all())
+        if (!onlyStale || tick.state == Tick::State::Stale)
+            elements.insert(tick.element);
     return elements.size();
 }
 
@@ -68,9 +67,8 @@ Answer answerSources(const Asked& asked, const Context& context)
     const ActionFile actions(Document::read(data.actionsPath()));
     const MaterialFile& materials = data.materialValues();
     (void)actions.document().orFail();
-    const Ticks actionTicks(actions);
-    const Ticks materialTicks(materials);
-    const SourcesOf all{actions, materials, actionTicks, materialTicks};
+    const Ticks ticks(actions, materials);
+    const SourcesOf all{actions, materials, ticks};
 
     Answer answer;
     for (const SourceFault& fault : sourceFaults(all))
@@ -90,8 +88,7 @@ Answer answerSources(const Asked& asked, const Context& context)
         answer.status = 1;
         return answer;
     }
-    addStale(answer, actionTicks);
-    addStale(answer, materialTicks);
+    addStale(answer, ticks);
     answer.section().lines = {
         path + ": " + countOf(static_cast<std::size_t>(std::ranges::count(page, '\n')), "line") +
         ", " + countOf(elementsOf(all, false), "tick") + ", " +

@@ -1,10 +1,11 @@
-"""Runs the examples of the class interface on the shipped data.
+"""Runs the examples of the class interface on the shipped data, and asks what the README shows.
 
-usage: check_examples.py DATA-DIRECTORY HOST LOAD-CASES SAVE-SETTINGS [EMULATOR]
+usage: check_examples.py DATA-DIRECTORY HOST LOAD-CASES SAVE-SETTINGS COMMAND [EMULATOR]
 """
 
 import pathlib
 import re
+import shlex
 import shutil
 import subprocess
 import sys
@@ -12,11 +13,19 @@ import tempfile
 
 
 def run(*command, expect=0):
-    answer = subprocess.run([*sys.argv[5:], *map(str, command)], capture_output=True, timeout=120)
+    answer = subprocess.run([*sys.argv[6:], *map(str, command)], capture_output=True, timeout=120)
     output = answer.stdout.decode("utf-8") + answer.stderr.decode("utf-8")
     if answer.returncode != expect:
         sys.exit(f"{command}: exit {answer.returncode}\n{output}")
     return output
+
+
+def questions(path):
+    """The questions of a page in Markdown, each with the answer below it: "$ zelstandard ..."."""
+    for block in re.findall(r"^```console\n(.*?)^```", path.read_text(encoding="utf-8"), flags=re.M | re.S):
+        for part in re.split(r"^\$ zelstandard ", block, flags=re.M)[1:]:
+            question, _, answer = part.partition("\n")
+            yield question, answer.strip("\n")
 
 
 def main():
@@ -34,6 +43,12 @@ def main():
     assert "Load model 71, track 2" in bridge and "Load model 71" not in building
     assert "Crane" in building and "Crane" not in bridge
     assert "holds no action types" in run(load_cases, data / "none", data / "none", expect=1)
+
+    asked = list(questions(data.parent / "README.md"))
+    assert len(asked) >= 4, "the README shows no answers"
+    for question, answer in asked:
+        found = run(sys.argv[5], *shlex.split(question), "--data", data).replace("\r\n", "\n").strip("\n")
+        assert found == answer, f"README.md: zelstandard {question} answers\n{found}"
 
     with tempfile.TemporaryDirectory() as directory:
         copy = pathlib.Path(directory) / "Standard.xml"

@@ -27,6 +27,8 @@ EXAMPLES = [
     ["host", DATA, "de"],
     ["save_settings", "changed.xml", "DIN-EN"],
 ]
+QUESTIONS = [["explain", "wind", "psi0", "--code", "BS", "--for", "building"],
+             ["combine", "G1", "snow", "wind", "--rule", "fundamental", "--code", "EC", "--for", "road", "--format", "csv"]]
 REQUIRED = ["README.md", "docs/data-files.md", "examples/flat.c", "examples/CMakeLists.txt"]
 NEEDED = ["libc6", "libpugixml1v5", "libsodium23", "libstdc++6"]
 
@@ -54,6 +56,8 @@ def answers(root, programs, wine):
            f"{programs}: save_settings did not save")
     texts.append(changed.read_text(encoding="utf-8"))
     changed.unlink()
+    command = root / "bin" / ("zelstandard" + suffix)
+    texts += [run(*prefix, command, *words, cwd=root, env=wine) for words in QUESTIONS]
     # The other programs at least start.
     for program in sorted((root / "bin").glob("*" + suffix)):
         if program.suffix == suffix and program.stem not in {name for name, *_ in EXAMPLES}:
@@ -78,6 +82,8 @@ def archive_for_linux(package, version, work):
     run("cmake", "-S", root / "share/doc/zelstandard/examples", "-B", work / "examples",
         f"-DCMAKE_PREFIX_PATH={root}")
     run("cmake", "--build", work / "examples")
+    for name in ("man/man1/zelstandard.1", "bash-completion/completions/zelstandard"):
+        ensure((root / "share" / name).stat().st_size > 2000, f"{package}: no {name}")
     search = dict(os.environ, PKG_CONFIG_PATH=str(root / "lib/pkgconfig"))
     found = run("pkg-config", "--modversion", "zelstandard", env=search).strip()
     ensure(found == version, f"pkg-config knows {found} in the package of {version}")
