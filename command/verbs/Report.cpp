@@ -231,8 +231,7 @@ Answer answerReport(const std::string& path, const Context& context)
     replaceFile(path, page);
     Answer answer;
     Section& section = answer.section();
-    section.lines = {"Wrote " + path + ", " + std::to_string(page.size() / 1024) +
-                     " kB; open it in any browser."};
+    section.lines = {"Wrote " + path + "; open it in any browser."};
     section.facts = {
         {"file", path}
     };

@@ -5,7 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <command/provenance/SafeFile.h>
-#include <command/sources/SourcesPage.h>
+#include <command/report/SourcesPage.h>
 #include <command/verbs/Verbs.h>
 #include <command/vocabulary/Failure.h>
 

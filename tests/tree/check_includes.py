@@ -25,9 +25,11 @@ ONLY_IN = {"pugixml": ("suite/xml/", "command/provenance/"), "sodium.h": ("suite
            "CLI/": ("command/main.cpp", "command/verbs/"), "nlohmann/": ("command/",)}
 # The command: verbs stand on the rest, which stands on the library alone.
 COMMAND = {"vocabulary": set(), "answer": {"vocabulary"}, "provenance": {"vocabulary"}, "names": {"vocabulary"},
+           "combination": set(), "process": set(),
            "check": {"vocabulary", "answer", "provenance", "names"}, "report": {"vocabulary", "answer", "provenance", "names"}}
 SYSTEM = re.compile(r"^\s*#\s*if.*\b(_WIN32|__linux__|__unix__|__MINGW32__|_MSC_VER)\b", re.M)
-KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/")
+KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/",
+                "command/process/")
 
 
 def faults(root):

@@ -1,4 +1,4 @@
-#include <command/sources/SourcesPage.h>
+#include <command/report/SourcesPage.h>
 
 #include <algorithm>
 #include <map>
