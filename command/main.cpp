@@ -137,6 +137,7 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
                  "zelstandard");
     app.fallthrough();
     app.require_subcommand(0, 1); // "settings set": the second word is no verb
+    app.set_help_all_flag("--help-all", "Print the help of all verbs");
     declareOptions(app, options);
     bool asksVersion = false;
     app.add_flag("--version", asksVersion, "Versions of the command and of the data");

@@ -548,8 +548,11 @@ Answer answerCombine(const Asked& asked, const Context& context)
         }
     context.noteSettings(answer);
     context.noteOffice(answer);
-    answer.more =
-        "zelstandard factors " + asked.actions.front().substr(0, asked.actions.front().find('='));
+    const std::string& first = asked.actions.front();
+    answer.more = std::string("zelstandard ") +
+                  (first.starts_with("tag:") ? "explain " : "factors ") +
+                  first.substr(0, first.find('=')) + " --code " + wordOf(context.codes().front()) +
+                  " --for " + lowerWordOf(context.structures().front());
     return answer;
 }
 

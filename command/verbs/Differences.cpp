@@ -47,6 +47,16 @@ struct Spot {
 };
 using Scope = std::set<Spot>;
 
+/// The name for a list: "railway bridge (one track)".
+std::string nameInList(Structure structure)
+{
+    std::string name = nameOf(structure);
+    const std::size_t comma = name.find(", ");
+    return comma == std::string::npos
+               ? name
+               : name.substr(0, comma) + " (" + name.substr(comma + 2) + ")";
+}
+
 /// "all bridges", "building, road bridge"
 std::string textOf(const std::set<Structure>& some)
 {
@@ -61,7 +71,7 @@ std::string textOf(const std::set<Structure>& some)
     else
         for (const Structure structure : some)
             if (!structure.isBuilding())
-                texts.push_back(nameOf(structure));
+                texts.push_back(nameInList(structure));
     return joined(texts);
 }
 
@@ -157,10 +167,6 @@ public:
             (differing.empty() ? ""
                                : ", in " + std::to_string(differing.size()) + " of " +
                                      std::to_string(actions_.size()) + " action types"));
-        head.facts = {
-            {"values",    Cell(static_cast<double>(values_),    0)},
-            {"differing", Cell(static_cast<double>(differing_), 0)}
-        };
         if (isMachineRead)
             head.table = longTable();
         else
