@@ -47,7 +47,7 @@ def ask(*words):
 
 def words_of(kind):
     listed = csv.DictReader(io.StringIO(ask("list", kind, "--data", sys.argv[2], "--format", "csv")))
-    return [next(iter(row.values())) for row in listed]
+    return [row["word"] for row in listed]
 
 
 def options_of(text):

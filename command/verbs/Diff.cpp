@@ -25,13 +25,17 @@ struct Asked {
     bool exitCode = false;
 };
 
-constexpr const char* fileNames[] = {"ActionTypes.xml", "Profiles/Standard.xml"};
+constexpr const char* fileNames[] = {"ActionTypes.xml", "Profiles/Standard.xml",
+                                     "StateAttributes.xml"};
 
 /// The documents of one side; null for what it does not have.
 struct Side {
     Documents actions;
     Documents office;
     Documents settings;
+    Documents attributes;
+
+    [[nodiscard]] bool isEmpty() const { return !actions && !settings && !attributes; }
 };
 
 /// The text "REV:", and neither a path with a drive nor one that exists.
@@ -66,14 +70,21 @@ Documents readPath(const fs::path& path)
     return document;
 }
 
-/// The settings document or that of the action types, by what it holds.
+/// A document of one of the three kinds, by what it holds.
 void take(Side& side, Documents document)
 {
     const Element& root = *document->root();
-    const bool isActions = root.find("ACTIONTYPES") != nullptr;
-    if (!isActions && !root.find("COEFFICIENTS") && !root.find("STRESSBLOCK"))
-        throw Failure(document->path() + " holds neither action types nor material factors");
-    (isActions ? side.actions : side.settings) = std::move(document);
+    const auto has = [&](const char* name) { return root.find(name) != nullptr; };
+    if (has("ACTIONTYPES"))
+        side.actions = std::move(document);
+    else if (has("SETTINGS") || has("COEFFICIENTS") || has("STRESSBLOCK") ||
+             has("STATEINSTRUCTIONS"))
+        side.settings = std::move(document);
+    else if (has("STATEATTRIBUTES"))
+        side.attributes = std::move(document);
+    else
+        throw Failure(document->path() +
+                      " holds neither action types nor state attributes nor settings");
 }
 
 /// @param path a file or folder of the work tree
@@ -89,9 +100,8 @@ Side readSide(const std::string& path, bool withOffice)
             take(side, readPath(fs::path(path) / name));
     if (withOffice && fs::exists(fs::path(path) / "Office.xml"))
         side.office = readPath(fs::path(path) / "Office.xml");
-    if (!side.actions && !side.settings)
-        throw Failure("the folder \"" + path + "\" has neither " + fileNames[0] + " nor " +
-                      fileNames[1]);
+    if (side.isEmpty())
+        throw Failure("the folder \"" + path + "\" has no data files, such as " + fileNames[0]);
     return side;
 }
 
@@ -111,7 +121,7 @@ Side readSide(const std::string& revision, const std::string& path, bool withOff
         if (withOffice)
             side.office = readRevision(revision, folder, "Office.xml");
     }
-    if (!side.actions && !side.settings)
+    if (side.isEmpty())
         throw Failure("git has nothing at \"" + revision + "\" for " + path +
                       "\nRevisions: git log --oneline");
     return side;
@@ -125,15 +135,22 @@ bool compareFiles(Answer& answer, const Side& left, const Side& right, const Con
     const auto among =
         context.options.structures.empty() ? structuresNamed({"all"}) : context.structures();
     bool differs = false;
-    if (!left.actions != !right.actions || !left.settings != !right.settings)
+    if (!left.actions != !right.actions || !left.settings != !right.settings ||
+        !left.attributes != !right.attributes)
         throw Failure("the two sides do not hold the same kinds of files");
     if (left.actions)
         differs |= addDifferences(answer, ActionFile(left.actions, left.office),
                                   ActionFile(right.actions, right.office), codes, among,
                                   context.isMachineRead());
-    if (left.settings)
+    if (left.settings) {
         differs |= addDifferences(answer, MaterialFile(left.settings), MaterialFile(right.settings),
                                   codes);
+        differs |= addRuleDifferences(answer, *left.settings, *right.settings);
+    }
+    if (left.attributes)
+        differs |= addAttributeDifferences(answer, *left.attributes, *right.attributes);
+    if (!differs && answer.sections.empty())
+        answer.section().lines = {"Nothing differs."};
     return differs;
 }
 

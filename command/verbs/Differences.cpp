@@ -52,9 +52,8 @@ std::string nameInList(Structure structure)
 {
     std::string name = nameOf(structure);
     const std::size_t comma = name.find(", ");
-    return comma == std::string::npos
-               ? name
-               : name.substr(0, comma) + " (" + name.substr(comma + 2) + ")";
+    return comma == std::string::npos ? name
+                                      : name.substr(0, comma) + " (" + name.substr(comma + 2) + ")";
 }
 
 /// "all bridges", "building, road bridge"
@@ -370,6 +369,121 @@ private:
     std::size_t otherOrigins_ = 0;
 };
 
+/// What a file says apart from values: of each thing its fields by name.
+using Fields = std::map<std::string, std::string>;
+using Things = std::map<std::string, Fields>;
+
+/// The text of an element, or the names of its children.
+std::string contentOf(const Element& element)
+{
+    Texts names;
+    for (const Element* child : element.children)
+        names.emplace_back(child->name);
+    return element.children.empty() ? element.text : joined(names, " ");
+}
+
+Fields childrenOf(const Element& element)
+{
+    Fields fields;
+    for (const Element* child : element.children)
+        fields.try_emplace(std::string(child->name), contentOf(*child));
+    return fields;
+}
+
+Things attributesOf(const Document& document)
+{
+    Things things;
+    if (const Element* list = document.root()->find("STATEATTRIBUTES"))
+        for (const Element* attribute : list->children)
+            things[std::string(attribute->get("NAME"))].merge(childrenOf(*attribute));
+    return things;
+}
+
+Things settingsOf(const Document& document)
+{
+    const Element* settings = document.root()->find("SETTINGS");
+    return settings ? Things{{"settings", childrenOf(*settings)}} : Things();
+}
+
+/// The first mention of a tag decides; the blocks above it are known by their names.
+Things rulesOf(const Document& document)
+{
+    Things things;
+    std::map<std::string, std::vector<const Element*>, std::less<>> blocks;
+    const Element* list = document.root()->find("STATEINSTRUCTIONS");
+    const auto addTag = [](Fields& tags, const Element& tag) {
+        tags.try_emplace(std::string(tag.get("NAME")), tag.get("OPERATOR"));
+    };
+    for (const Element* rule : list ? list->children : std::vector<const Element*>()) {
+        if (rule->name == "DEFAULT_BLOCKS") {
+            for (const Element* block : rule->children)
+                for (const Element* tag : block->children)
+                    blocks[std::string(block->get("NAME"))].push_back(tag);
+            continue;
+        }
+        Fields& tags =
+            things[std::string(rule->get("TYPE")) + " " + std::string(rule->get("TEMPLATE"))];
+        const Element* entries = rule->find("STATEATTRIBUTES");
+        for (const Element* entry : entries ? entries->children : std::vector<const Element*>()) {
+            if (entry->name != "DEFAULT_BLOCKS") {
+                addTag(tags, *entry);
+                continue;
+            }
+            for (const Element* reference : entry->children)
+                for (const Element* tag : blocks[std::string(reference->name)])
+                    addTag(tags, *tag);
+        }
+    }
+    return things;
+}
+
+/// One row a kind of change: things that change alike stand together.
+bool addDifferences(Answer& answer, const char* title, const Things& from, const Things& to)
+{
+    using Kind = std::array<std::string, 3>; // field, old text, new text
+    std::vector<std::pair<Kind, Texts>> changes;
+    const auto add = [&](const std::string& thing, const Kind& kind) {
+        auto known = std::ranges::find(changes, kind, &std::pair<Kind, Texts>::first);
+        if (known == changes.end())
+            known = changes.insert(changes.end(), {kind, {}});
+        known->second.push_back(thing);
+    };
+    Things all = from;
+    all.insert(to.begin(), to.end());
+    for (const auto& [thing, unused] : all) {
+        const auto old = from.find(thing);
+        const auto now = to.find(thing);
+        if (old == from.end() || now == to.end()) {
+            add(thing,
+                {"", old == from.end() ? "none" : "there", now == to.end() ? "none" : "there"});
+            continue;
+        }
+        Fields fields = old->second;
+        fields.insert(now->second.begin(), now->second.end());
+        for (const auto& [field, also] : fields) {
+            const auto text = [&](const Fields& of) {
+                const auto found = of.find(field);
+                return found == of.end() ? std::string("none") : found->second;
+            };
+            if (text(old->second) != text(now->second))
+                add(thing, {field, text(old->second), text(now->second)});
+        }
+    }
+    if (changes.empty())
+        return false;
+    Section& section = answer.section(title);
+    section.table.emplace();
+    section.table->columns = {
+        {"what",  ""     },
+        {"field", "field"},
+        {"from",  "from" },
+        {"to",    "to"   }
+    };
+    for (const auto& [kind, things] : changes)
+        section.table->rows.push_back({joined(things), kind[0], kind[1], kind[2]});
+    return true;
+}
+
 const FactorSet* find(const ActionValues* type, Mode code, Structure structure)
 {
     return type ? type->find(code, structure) : nullptr;
@@ -423,6 +537,17 @@ bool addDifferences(Answer& answer, const ActionFile& from, const ActionFile& to
     for (const StructureRow& row : structures)
         all.push_back(row.value);
     return addDifferences(answer, from, to, {allCodes().begin(), allCodes().end()}, all, false);
+}
+
+bool addAttributeDifferences(Answer& answer, const Document& from, const Document& to)
+{
+    return addDifferences(answer, "State attributes", attributesOf(from), attributesOf(to));
+}
+
+bool addRuleDifferences(Answer& answer, const Document& from, const Document& to)
+{
+    const bool differs = addDifferences(answer, "Settings", settingsOf(from), settingsOf(to));
+    return addDifferences(answer, "Superposition rules", rulesOf(from), rulesOf(to)) || differs;
 }
 
 bool addDifferences(Answer& answer, const MaterialFile& from, const MaterialFile& to,

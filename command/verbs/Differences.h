@@ -27,6 +27,11 @@ bool addDifferences(Answer& answer, const ActionFile& from, const ActionFile& to
 /// In all codes and structures, for people.
 bool addDifferences(Answer& answer, const ActionFile& from, const ActionFile& to);
 
+/// The state attributes of two files, each field of them.
+bool addAttributeDifferences(Answer& answer, const Document& from, const Document& to);
+/// The settings and superposition rules of two files: of each rule the operators of its tags.
+bool addRuleDifferences(Answer& answer, const Document& from, const Document& to);
+
 /// The material factors and control values of two files.
 bool addDifferences(Answer& answer, const MaterialFile& from, const MaterialFile& to,
                     const std::vector<Mode>& codes);

@@ -12,8 +12,8 @@ import sys
 import tempfile
 
 
-def run(*command, expect=0):
-    answer = subprocess.run([*sys.argv[6:], *map(str, command)], capture_output=True, timeout=120)
+def run(*command, expect=0, env=None):
+    answer = subprocess.run([*sys.argv[6:], *map(str, command)], capture_output=True, timeout=120, env=env)
     output = answer.stdout.decode("utf-8") + answer.stderr.decode("utf-8")
     if answer.returncode != expect:
         sys.exit(f"{command}: exit {answer.returncode}\n{output}")
@@ -26,6 +26,29 @@ def questions(path):
         for part in re.split(r"^\$ zelstandard ", block, flags=re.M)[1:]:
             question, _, answer = part.partition("\n")
             yield question, answer.strip("\n")
+
+
+def revisions(data):
+    """A changed value against a revision of git, and what is said where there is no git."""
+    with tempfile.TemporaryDirectory() as directory:
+        tree = pathlib.Path(directory) / "tree with blanks"
+        shutil.copytree(data, tree / "data")
+
+        def git(*words):
+            subprocess.run(["git", "-c", "user.name=a", "-c", "user.email=a@b", *words], cwd=tree, check=True, timeout=60)
+
+        git("init", "--quiet")
+        git("add", ".")
+        git("commit", "--quiet", "-m", "first")
+        file = tree / "data" / "ActionTypes.xml"
+        text = file.read_text(encoding="utf-8")
+        start = text.index('ACTIONTYPE NAME="SNOW"')
+        file.write_text(text[:start] + re.sub(r"(<PSI0[^>]*>)0\.50", r"\g<1>0.55", text[start:], count=1), encoding="utf-8")
+        answer = run(sys.argv[5], "diff", "HEAD:", "--data", tree / "data", "--exit-code", expect=1)
+        assert "0.50 -> 0.55" in answer and "take it from EC" in answer, answer
+        run(sys.argv[5], "diff", "HEAD:", "HEAD:", "--data", tree / "data", "--exit-code")
+        answer = run(sys.argv[5], "diff", "HEAD:", "--data", tree / "data", expect=2, env={"PATH": directory})
+        assert "git is not on the path" in answer, answer
 
 
 def main():
@@ -59,6 +82,8 @@ def main():
         assert "<STANDARD_MODE>DIN-EN</STANDARD_MODE>" in saved
         for element in ("<ANNEX", "<STATEINSTRUCTION ", "<STRESSBLOCK", "<!--", "SOURCE="):
             assert saved.count(element) == shipped.count(element), element
+    if len(sys.argv) == 6 and shutil.which("git"):
+        revisions(data)
     print("the examples ran")
 
 

@@ -83,7 +83,7 @@ def archive_for_linux(package, version, work):
         f"-DCMAKE_PREFIX_PATH={root}")
     run("cmake", "--build", work / "examples")
     for name in ("man/man1/zelstandard.1", "bash-completion/completions/zelstandard"):
-        ensure((root / "share" / name).stat().st_size > 2000, f"{package}: no {name}")
+        ensure("combine" in (root / "share" / name).read_text(encoding="utf-8"), f"{package}: no {name}")
     search = dict(os.environ, PKG_CONFIG_PATH=str(root / "lib/pkgconfig"))
     found = run("pkg-config", "--modversion", "zelstandard", env=search).strip()
     ensure(found == version, f"pkg-config knows {found} in the package of {version}")
