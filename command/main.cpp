@@ -119,6 +119,7 @@ std::string unknownVerb(const CLI::App& app)
     if (rest.empty())
         return "a verb is missing\nAll: zelstandard --help";
     std::vector<std::string> names;
+    names.reserve(verbs.size());
     for (const Verb& verb : verbs)
         names.emplace_back(verb.name);
     std::string message = "no verb \"" + rest.front() + "\".";
@@ -193,9 +194,11 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
 } // namespace command
 
 int main(int count, char** arguments)
-{
+try {
     const std::vector<std::string> words(arguments + 1, arguments + count);
     const int status = command::answerLine(words, nullptr, {}, std::cout, std::cerr);
     std::cout.flush();
     return std::cout ? status : 2;
+} catch (...) { // what is thrown while a fault is being told
+    return 2;
 }

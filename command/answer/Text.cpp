@@ -188,7 +188,9 @@ private:
             const std::string tail = padding(marks, step.value.marks.size()) + "  " +
                                      padded(step.what, what) + "  " +
                                      padded(placeText(step.place), place) + "  ";
-            const std::string line = head + marksOf(step.value) + tail;
+            std::string line = head;
+            line += marksOf(step.value);
+            line += tail;
             std::string origin = step.source;
             if (!step.status.empty())
                 origin += (origin.empty() ? "(" : " (") + step.status + ")";

@@ -1,6 +1,7 @@
 #include <command/names/Names.h>
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <utility>
 
@@ -29,7 +30,7 @@ namespace
 struct Entry {
     int value;
     std::string word;
-    std::string names[2]; ///< English, German; empty for none
+    std::array<std::string, 2> names; ///< English, German; empty for none
     std::vector<std::string> synonyms;
 };
 using Entries = std::vector<Entry>;
@@ -127,10 +128,8 @@ Entries makeFactors()
 {
     Entries entries;
     for (const FactorRow& row : factors)
-        entries.push_back({
-            static_cast<int>(row.value), row.key, {row.title, row.title},
-              {row.element        }
-        });
+        entries.push_back(
+            {static_cast<int>(row.value), row.key, {{row.title, row.title}}, {row.element}});
     entries.back().synonyms.emplace_back("crack reduction");
     return entries;
 }
@@ -518,6 +517,7 @@ std::vector<std::string> nearest(const std::string& text,
             near.emplace_back(far, candidate);
     std::ranges::stable_sort(near, {}, &std::pair<std::size_t, std::string>::first);
     std::vector<std::string> result;
+    result.reserve(near.size());
     for (auto& [far, candidate] : near)
         result.push_back(std::move(candidate));
     return result;

@@ -272,54 +272,56 @@ void explainMaterial(Answer& answer, const Asked& asked, const Context& context)
     answer.more = "zelstandard material --code all";
 }
 
+/// Active or not, and by which rule; the element, and the factors of its action.
+void addTag(Answer& answer, const Context& context, const Standard::StateAttribute& attribute,
+            Mode code, Structure structure)
+{
+    const InForce inForce(code, structure);
+    const std::string word = attribute.getPersistenceStringFromToken(attribute.getToken());
+    const std::string reason = inactivityOf(attribute);
+    const char* state = reason.empty() ? "active" : "inactive";
+    Section& section =
+        answer.section("tag:" + word + " (" + nameOf(attribute.getToken()) + ") is " + state +
+                       "       " + wordOf(code) + ", " + nameOf(structure));
+    section.facts = {
+        {"attribute", word                         },
+        {"code",      wordOf(code)                 },
+        {"structure", wordOf(structure)            },
+        {"active",    reason.empty() ? "yes" : "no"}
+    };
+    if (!reason.empty())
+        section.title.push_back("Rejected by " + reason + ".");
+    if (const std::string other = validatorDifference(attribute); !other.empty())
+        section.title.push_back(other);
+    std::string line;
+    if (const Element* element = attributeElement(context.data(), word))
+        line = placeOf(*element).file + ":" + std::to_string(placeOf(*element).line) + ": ";
+    const Standard::ActionType* action = attribute.getActionType();
+    line += "action " + (action ? wordOf(action->getId()) : "none") + ", operator " +
+            operatorWord(attribute.getOperator()) + ", exclusion group " +
+            std::to_string(attribute.getExclGroup()) + ", combination group " +
+            std::to_string(attribute.getCombGroup()) + ".";
+    section.lines.push_back(line);
+    if (action && action->getFactors(code, structure.classification, structure.bridgeType)) {
+        FactorTable table(context, "action");
+        table.add(wordOf(action->getId()), action->getId(), code, structure, std::nullopt);
+        section.table = table.finish(false);
+    } else {
+        section.lines.emplace_back(
+            "Its action has no set there: all factors are 1, but psi21 and psi22 0.");
+    }
+}
+
 void explainTag(Answer& answer, const Asked& asked, const Context& context)
 {
     const Standard::StateAttributeToken token = tokenNamed(asked.word);
-    const std::string word = Standard::StateAttributeBase::getPersistenceStringFromToken(token);
     const Standard::StateAttribute* attribute =
         context.data().attributes().findStateAttributeToToken(token);
+    if (!attribute)
+        throw Failure("\"" + context.data().attributesPath() + "\" has no " + asked.word);
     for (const Mode code : context.codes())
-        for (const Structure structure : context.structures()) {
-            const std::string where = wordOf(code) + ", " + nameOf(structure);
-            if (!attribute) {
-                answer.section("tag:" + word + " stands in no file: " + where);
-                continue;
-            }
-            const InForce inForce(code, structure);
-            const std::string reason = inactivityOf(*attribute);
-            Section& section =
-                answer.section("tag:" + word + " (" + nameOf(token) + ") is " +
-                               (reason.empty() ? "active" : "inactive") + "       " + where);
-            const Element* element = attributeElement(context.data(), word);
-            const Standard::ActionType* action = attribute->getActionType();
-            section.facts = {
-                {"attribute", word                         },
-                {"code",      wordOf(code)                 },
-                {"structure", wordOf(structure)            },
-                {"active",    reason.empty() ? "yes" : "no"}
-            };
-            if (!reason.empty())
-                section.title.push_back("Rejected by " + reason + ".");
-            if (const std::string other = validatorDifference(*attribute); !other.empty())
-                section.title.push_back(other);
-            section.lines.push_back(
-                (element
-                     ? placeOf(*element).file + ":" + std::to_string(placeOf(*element).line) + ": "
-                     : "") +
-                "action " + (action ? wordOf(action->getId()) : "none") + ", operator " +
-                operatorWord(attribute->getOperator()) + ", exclusion group " +
-                std::to_string(attribute->getExclGroup()) + ", combination group " +
-                std::to_string(attribute->getCombGroup()) + ".");
-            if (action &&
-                action->getFactors(code, structure.classification, structure.bridgeType)) {
-                FactorTable table(context, "action");
-                table.add(wordOf(action->getId()), action->getId(), code, structure, std::nullopt);
-                section.table = table.finish(false);
-            } else {
-                section.lines.push_back(
-                    "Its action has no set there: all factors are 1, but psi21 and psi22 0.");
-            }
-        }
+        for (const Structure structure : context.structures())
+            addTag(answer, context, *attribute, code, structure);
     context.noteSettings(answer);
     answer.more = "zelstandard rules --code " + wordOf(context.codes().front()) + " --for " +
                   lowerWordOf(context.structures().front());
