@@ -103,8 +103,6 @@ std::optional<Finished> runProgram(const std::string& program,
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace command
 {
 
@@ -128,6 +126,7 @@ std::optional<Finished> runProgram(const std::string& program,
     std::vector<std::string> texts = {program};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> words;
+    words.reserve(texts.size() + 1);
     for (std::string& text : texts)
         words.push_back(text.data());
     words.push_back(nullptr);

@@ -237,7 +237,8 @@ private:
                 state.starts_with("ticked")
                     ? ""
                     : "`CHECKED=\"XX YYYY-MM-DD, edition YYYY: " + now + "\"`";
-            lines.push_back(namesOf(names) + ": " + state + paste);
+            std::string line = namesOf(names);
+            lines.push_back(line.append(": ").append(state).append(paste));
         }
         return joined(lines, "<br>");
     }

@@ -8,7 +8,7 @@ const WORDS = {
     o: "the office's own value", action: "Action", name: "Name", factors: "Factors", materials: "Material factors",
     attributes: "State attributes in force", rules: "Superposition rules in force", table: "Table", column: "For",
     operator: "Operator", exclusion: "Exclusion group", combination: "Combination group", tag: "Tag", tick: "checked",
-    none: "no set", close: "Close", noSteps: "No element gives it.", marks: "Marks", bars: "The bars show psi from 0 to 1.",
+    value: "value", close: "Close", noSteps: "No element gives it.", marks: "Marks", bars: "The bars show psi from 0 to 1.",
     steps: ["a new set begins with 0", "copied from EC", "DEFAULT", "own value", "1 by being named or by a DEFAULT",
       "no number: the value stays", "counts as not given"],
     office: "office value", made: "Made by zelstandard", count: "values shown",
@@ -20,7 +20,7 @@ const WORDS = {
     o: "eigener Wert des Büros", action: "Einwirkung", name: "Name", factors: "Beiwerte", materials: "Materialbeiwerte",
     attributes: "Gültige Attribute", rules: "Gültige Überlagerungsregeln", table: "Tabelle", column: "Für",
     operator: "Operator", exclusion: "Ausschlussgruppe", combination: "Kombinationsgruppe", tag: "Attribut", tick: "geprüft",
-    none: "keine Werte", close: "Schließen", noSteps: "Kein Element gibt ihn an.", marks: "Zeichen", bars: "Die Balken zeigen psi von 0 bis 1.",
+    value: "Wert", close: "Schließen", noSteps: "Kein Element gibt ihn an.", marks: "Zeichen", bars: "Die Balken zeigen psi von 0 bis 1.",
     steps: ["ein neuer Satz beginnt mit 0", "von EC übernommen", "DEFAULT", "eigener Wert", "1 durch Nennung oder durch ein DEFAULT",
       "keine Zahl: der Wert bleibt", "gilt als nicht angegeben"],
     office: "Wert des Büros", made: "Erstellt mit zelstandard", count: "Werte gezeigt",
@@ -106,7 +106,7 @@ function materialSection() {
     row.append(make("td", { class: "tick" }));
     return row;
   });
-  return make("section", { id: "materials" }, make("h2", {}, t.materials), codeTable([t.table, t.name, t.column], [""], rows));
+  return make("section", { id: "materials" }, make("h2", {}, t.materials), codeTable([t.table, t.name, t.column], [t.value], rows));
 }
 
 function attributeSection([structure, structureName]) {

@@ -459,7 +459,7 @@ private:
             cells.emplace_back(formula);
             table.rows.push_back(std::move(cells));
             if (!asked_.all)
-                section.lines.push_back("  " + number + "  " + formula);
+                section.lines.push_back(std::string("  ").append(number).append("  ") += formula);
         }
         hideWhatIsTooWide(table);
     }
