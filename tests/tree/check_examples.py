@@ -47,6 +47,7 @@ def revisions(data):
         answer = run(sys.argv[5], "diff", "HEAD:", "--data", tree / "data", "--exit-code", expect=1)
         assert "0.50 -> 0.55" in answer and "take it from EC" in answer, answer
         run(sys.argv[5], "diff", "HEAD:", "HEAD:", "--data", tree / "data", "--exit-code")
+        assert "git has nothing at" in run(sys.argv[5], "diff", "HEAD~1:", "--data", tree / "data", expect=2)
         answer = run(sys.argv[5], "diff", "HEAD:", "--data", tree / "data", expect=2, env={"PATH": directory})
         assert "git is not on the path" in answer, answer
 
