@@ -23,9 +23,15 @@ void findRaw(const CheckedFiles& files, Report& report, RawFault::Kind kind,
 {
     for (const auto& file : files.files) {
         const Document& document = *file->document;
-        for (const RawFault& fault : findRawFaults(document.text())) {
-            if (fault.kind != kind)
-                continue;
+        std::vector<RawFault> faults = findRawFaults(document.text());
+        std::erase_if(faults, [&](const RawFault& fault) { return fault.kind != kind; });
+        // A file of another kind is full of them.
+        constexpr std::size_t most = 20;
+        if (faults.size() > most) {
+            faults[most - 1].message += ", and " + std::to_string(faults.size() - most) + " more";
+            faults.resize(most);
+        }
+        for (const RawFault& fault : faults) {
             std::string hint = fault.hint;
             if (!effect.empty())
                 hint += (hint.empty() ? "" : ". ") + std::string(effect);
