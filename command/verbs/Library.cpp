@@ -18,6 +18,7 @@
 #include <zelstandard/vocabulary/XMLUtil.h>
 
 #include <command/provenance/SafeFile.h>
+#include <command/verbs/Selection.h>
 #include <command/vocabulary/Failure.h>
 
 namespace command
@@ -387,12 +388,15 @@ struct DumpRow {
     void (*dump)(const Call&);
 };
 constexpr DumpRow dumps[] = {
-    {"actions",      dumpActions     },
-    {"attributes",   dumpAttributes  },
-    {"settings",     dumpSettings    },
-    {"rules",        dumpRules       },
-    {"coefficients", dumpCoefficients},
-    {"control",      dumpControl     },
+    {"actions",      dumpActions                                            },
+    {"attributes",   dumpAttributes                                         },
+    {"settings",     dumpSettings                                           },
+    {"rules",        dumpRules                                              },
+    {"coefficients", dumpCoefficients                                       },
+    {"control",      dumpControl                                            },
+    {"active",       [](const Call& c) { dumpActive(c.data(), c.out()); }   },
+    {"inactive",     [](const Call& c) { dumpInactive(c.data(), c.out()); } },
+    {"templates",    [](const Call& c) { dumpTemplates(c.data(), c.out()); }},
 };
 
 void dump(const Call& call)
@@ -730,6 +734,36 @@ void writeFile(const Call& call) { replaceFile(call[1], call.statement.text); }
 
 void showFile(const Call& call) { call.out() << readFile(call[1]); }
 
+void copy(const Call& call) { replaceFile(call[2], readFile(call[1])); }
+
+std::string laidOut(const std::string& path)
+{
+    ZelXmlTree tree;
+    buildTree(tree, readFile(path));
+    std::ostringstream text;
+    tree.putToStream(text, true);
+    return text.str();
+}
+
+/// "same FILE FILE": whether two documents are the same but for their layout.
+void same(const Call& call)
+{
+    std::istringstream left(laidOut(call[1]));
+    std::istringstream right(laidOut(call[2]));
+    std::string leftLine;
+    std::string rightLine;
+    bool isLeft = true;
+    bool isRight = true;
+    while (isLeft && isRight && leftLine == rightLine) {
+        isLeft = static_cast<bool>(std::getline(left, leftLine));
+        isRight = static_cast<bool>(std::getline(right, rightLine));
+    }
+    if (isLeft || isRight)
+        call.out() << "- " << leftLine << "\n+ " << rightLine << '\n';
+    else
+        call.out() << "same\n";
+}
+
 void echo(const Call& call)
 {
     for (std::size_t i = 1; i <= call.count(); ++i)
@@ -756,6 +790,8 @@ constexpr StatementRow statements[] = {
     {"locale",     "NAME: one with a decimal comma",              setLocale },
     {"write-file", "FILE <<END and its text",                     writeFile },
     {"show",       "FILE",                                        showFile  },
+    {"copy",       "FILE TO",                                     copy      },
+    {"same",       "FILE FILE: two documents but for layout",     same      },
     {"echo",       "TEXT",                                        echo      },
 };
 
@@ -780,7 +816,9 @@ std::string libraryStatements()
     for (const StatementRow& row : statements)
         text += std::string("  ") + row.name + " " + row.usage + "\n";
     return text + "  prove: the derivation of every value against the library\n"
-                  "KIND: actions, attributes, settings, coefficients, control, rules";
+                  "KIND: actions, attributes, settings, coefficients, control, rules; to dump "
+                  "there are also\n"
+                  "active, inactive, templates";
 }
 
 } // namespace command

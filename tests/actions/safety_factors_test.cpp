@@ -24,7 +24,7 @@ TEST(SafetyFactors, AreComparedWithoutToleranceAndTakenOverFromZeroOn)
         (factors.*field.set)(value);
         return factors;
     };
-    const SafetyFactors before = support::distinctFactors(1);
+    const SafetyFactors before(7.0);
     SafetyFactors givesNothing(-1.0);
     givesNothing.setCrackRed(-1.0);
     for (const FactorField& field : support::factorFields) {
