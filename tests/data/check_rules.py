@@ -1,9 +1,10 @@
 """Checks families, tags and superposition rules of the shipped data, and what the library makes of them.
 
-usage: check_rules.py SOURCE-DIRECTORY ANSWERS-PROGRAM...
+usage: check_rules.py SOURCE-DIRECTORY COMMAND... [--refresh]
 
 A reading of the files that knows nothing of the library's must give what the library answers; families and
 tags are those of tests/data/tables; and under all settings there are the combinations that an engineer needs.
+The rules are as they were reviewed, in tests/golden/superposition.txt, which --refresh writes anew.
 """
 
 import collections
@@ -11,13 +12,19 @@ import pathlib
 import re
 import subprocess
 import sys
+import textwrap
 import xml.etree.ElementTree as ElementTree
 
 ROOT = pathlib.Path(sys.argv[1])
+PROGRAM = [argument for argument in sys.argv[2:] if argument != "--refresh"]
+GOLDEN = ROOT / "tests" / "golden" / "superposition.txt"
 DATA, TABLES = ROOT / "data", ROOT / "tests" / "data" / "tables"
 STRUCTURES = {"all": "", "buildings": "", "bridges": "", "road": "ROADWAY", "rail": "RAILWAY1 RAILWAY2 RAILWAY3",
               "foot": "FOOTBRIDGE1", "road foot": "ROADWAY FOOTBRIDGE1"}
+OPERATORS = "- NONE AND OR AND_MINMAX OR_MINMAX".split()
 BRIDGES = "ROADWAY RAILWAY1 RAILWAY2 RAILWAY3 FOOTBRIDGE1".split()
+CODES = "EC DIN-1988 DIN-2008 SIA OENORM CSN BS DIN-EN".split()
+MATERIALS = "CONCRETE STEEL TIMBER ROPE COMPOSITE_STEEL COMPOSITE_CONCRETE".split()
 KINDS = {"buildings": "BUILDING", "all": ""}
 # With all others these enter whole.
 WHOLE = re.compile(r"FATIGUE|TOTAL|ELM4_\d\d")
@@ -41,15 +48,16 @@ def text(element, name):
 
 
 def tags_read():
-    """A line for each tag, as the library shows an attribute."""
+    """A line for each tag, as the command shows one."""
     numbers = {"AGR_AU": "1", "AGR_AO": "2", "AGR_GR3": "3", "0": "0"}
     for element in tree("StateAttributes.xml"):
         codes, bridges = ({child.tag for child in element.find(name)} for name in ("STANDARD", "BRIDGETYPE"))
-        yield (f"{element.get('NAME')}: {text(element, 'ACTIONTYPE')} {text(element, 'OPERATOR')} {text(element, 'TYPE')} "
-               f"{text(element, 'LOAD_TYPE')} {{{text(element, 'CLASSIFICATION')}}} "
-               f"{{{' '.join(code for code in ('EC', 'DIN_2008', 'OENORM', 'CSN') if code in codes)}}} "
-               f"{{{' '.join(bridge for bridge in BRIDGES if bridge in bridges)}}} "
-               f"{text(element, 'EXCLGROUP')} {numbers[text(element, 'COMBGROUP')]}")
+        yield (f"{element.get('NAME')} action {text(element, 'ACTIONTYPE')} operator {text(element, 'OPERATOR')} "
+               f"type {text(element, 'TYPE')} load {text(element, 'LOAD_TYPE')} "
+               f"classifications {text(element, 'CLASSIFICATION') or 'all'} "
+               f"standards {','.join(c for c in CODES if c.replace('-', '_') in codes) or 'all'} "
+               f"bridges {','.join(bridge for bridge in BRIDGES if bridge in bridges) or 'all'} "
+               f"excl {text(element, 'EXCLGROUP')} comb {numbers[text(element, 'COMBGROUP')]}")
 
 
 def tags_transcribed():
@@ -138,12 +146,47 @@ def compare(what, wanted, given, by):
         yield f"{what} {' '.join(line) if isinstance(line, tuple) else line}: {'' if line in wanted else 'not '}{by}"
 
 
+def reviewed(rules):
+    """The rules to read: those of a template with the same tags together, the tags of an operator in their order."""
+    templates = {}
+    for template, kind, tag, operator, *_ in map(str.split, rules):
+        templates.setdefault(template, {}).setdefault(kind, {}).setdefault(operator, []).append(tag)
+    yield "The superposition rules of data/Profiles/Standard.xml. Instructions of a template with the"
+    yield "same attributes stand together; a line holds the tokens of one operator in their order."
+    for template, kinds in templates.items():
+        yield from ("", template)
+        alike = collections.defaultdict(list)
+        for kind, tags in kinds.items():
+            alike[tuple((o, " ".join(tags[o])) for o in OPERATORS if o in tags)].append(kind)
+        for tags, names in alike.items():
+            yield from ("", *("  " + name for name in names))
+            for operator, line in tags:
+                yield from textwrap.wrap(line, 100, initial_indent=f"    {operator:12}", subsequent_indent=" " * 16)
+
+
+def ask():
+    """kind: the lines that the command answers."""
+    settings = [(code, structure, material) for code in CODES for structure in ["BUILDING", *BRIDGES]
+                for material in MATERIALS]
+    lines = ["dump actions", "echo", "dump attributes", "echo", "dump rules", "echo"]
+    for code, structure, material in settings:
+        lines += [f"code {code}", f"for {structure}", f"material {material}", "dump active"]
+    run = subprocess.run([*PROGRAM, "--data", str(DATA), "batch"], input="\n".join(lines), capture_output=True,
+                         text=True, timeout=120, check=True)
+    actions, tags, rules, active = (part.splitlines() for part in run.stdout.split("\n\n"))
+    words = [line.split() for line in actions]
+    return {"factors": [" ".join([line[1], line[2], line[0], *line[3:]]) for line in words if line[1] != "group"],
+            "action": [" ".join(line[0:5:2]) for line in words if line[1] == "group"], "attribute": tags,
+            "rule": [line for line in rules if len(line.split()) > 2],
+            "active": [" ".join([*where, *line.split()[1:]]) for where, line in zip(settings, active, strict=True)]}
+
+
 def faults():
-    run = subprocess.run([*sys.argv[2:], str(DATA)], capture_output=True, text=True, timeout=120, check=True)
-    answers = collections.defaultdict(list)
-    for line in run.stdout.splitlines():
-        kind, _, rest = line.partition(" ")
-        answers[kind].append(rest)
+    answers = ask()
+    if "--refresh" in sys.argv:
+        GOLDEN.write_text("".join(line + "\n" for line in reviewed(answers["rule"])), encoding="utf-8")
+    if list(reviewed(answers["rule"])) != GOLDEN.read_text(encoding="utf-8").splitlines():
+        yield f"the rules are not those of {GOLDEN}; if they are wanted: python3 {' '.join(sys.argv)} --refresh"
     shipped = [(e.get("NAME"), text(e, "ACTIONGROUP"), text(e, "LOADDURATION"))
                for e in tree("ActionTypes.xml").iter("ACTIONTYPE")]
     transcribed = [(action, row["group"], row["duration"]) for row in rows("families.txt")
@@ -154,7 +197,7 @@ def faults():
     yield from compare("action", [" ".join(row) for row in shipped], answers["action"], "in the file")
     yield from compare("tag", tags_transcribed(), tags_shipped(), "by the table of tags")
     yield from compare("tag", tags_read(), answers["attribute"], "in the file")
-    types = {line.split(":")[0]: line.split()[3:5] for line in tags_read()}
+    types = {line.split()[0]: line.split()[6:9:2] for line in tags_read()}
     yield from compare("rule", rules_read(types), answers["rule"], "in the file")
     tags = {row[0]: row for row in tags_shipped()}
     for line in answers["rule"]:
