@@ -1,7 +1,8 @@
 // What only the interface of an action type shows: comparison and copies. Which set is in force,
-// and what it gives, stands in command/actions.
+// and what it gives, stands in text/actions.
 
 #include "actions/Catalogue.h"
+#include "support/Context.h"
 
 using Standard::ActionGroup;
 using Standard::ActionType;
@@ -90,6 +91,7 @@ TEST(ActionType, ACopyIsDeep)
 
 TEST(ActionType, TakingOverReachesAllSetsOfTheCodeAndNoOthers)
 {
+    const support::FreshContext context; // EC, a building
     ActionType type(ActionType::Id::SNOW);
     for (const Mode mode : {Mode::EC, Mode::BS})
         type.giveFactors(mode, building, roadway);
@@ -103,5 +105,8 @@ TEST(ActionType, TakingOverReachesAllSetsOfTheCodeAndNoOthers)
                           "BS BUILDING 0 0 0 0.5 0 0 0 0 1\n"
                           "BS 0 0 0 0 0.5 0 0 0 0 1\n"
                           "BS 6 0 0 0 0.5 0 0 0 0 1\n");
+    EXPECT_TRUE(type.hasSafetyFactors());
+    context->setMode(Mode::CSN);
+    EXPECT_FALSE(type.hasSafetyFactors());
     EXPECT_EQ(ActionType::IdCount, 51) << "one less than there are";
 }

@@ -1,5 +1,5 @@
 // What only the interface of a catalogue shows: identity, ownership and copies, and files that the
-// command would not hand over. Contents of documents stand in command/actions.
+// command would not hand over. Contents of documents stand in text/actions.
 
 #include <zelstandard/actions/ActionTypeManager.h>
 #include <zelstandard/actions/ActionTypeReader.h>

@@ -1,5 +1,5 @@
 // What only the interface of a state attribute shows. Its factors and when it is active stand in
-// command/actions and command/attributes.
+// text/actions and text/attributes.
 
 #include <functional>
 

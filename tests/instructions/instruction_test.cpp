@@ -1,5 +1,5 @@
 // What only the interface of superposition rules shows: identity, ownership and copies, values that
-// are no members. Contents of documents and templates stand in command/rules.
+// are no members. Contents of documents and templates stand in text/instructions.
 
 #include <zelstandard/instructions/StateInstructionManager.h>
 

@@ -1,8 +1,8 @@
 """Compares the files that the library writes on Windows and on Linux from the same data.
 
-usage: check_written_files.py WRITER-FOR-WINDOWS BUILD-DIRECTORY-FOR-LINUX SCRATCH-DIRECTORY
+usage: check_written_files.py COMMAND-FOR-WINDOWS BUILD-DIRECTORY-FOR-LINUX SCRATCH-DIRECTORY
 
-They are equal byte for byte but for the line ends: CR LF on Windows, LF on Linux. The writer for
+They are equal byte for byte but for the line ends: CR LF on Windows, LF on Linux. The command for
 Linux is taken from the given build where there is one, else from one in the scratch directory.
 """
 
@@ -14,39 +14,36 @@ import tempfile
 from check_consumer import run
 
 SOURCE = pathlib.Path(__file__).parent.parent.parent
-FILES = ["actions.xml", "attributes.xml", "settings.xml", "coefficients.xml", "control.xml",
-         "document.xml", "deciphered.xml"]
+KINDS = ["actions", "attributes", "settings", "coefficients", "control"]
 
 
-def writer_for_linux(build, scratch):
+def command_for_linux(build, scratch):
     if not (build / "build.ninja").exists():
         build = scratch
         run("cmake", "-S", SOURCE, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release")
-    run("cmake", "--build", build, "--target", "write_files", seconds=900)
-    return build / "bin" / "write_files"
+    run("cmake", "--build", build, "--target", "command", seconds=900)
+    return build / "bin" / "zelstandard"
 
 
 def main():
     windows, build, scratch = map(pathlib.Path, sys.argv[1:])
-    linux = writer_for_linux(build, scratch)
+    linux = command_for_linux(build, scratch)
     faults = []
     with tempfile.TemporaryDirectory() as directory:
-        there, here = pathlib.Path(directory) / "windows", pathlib.Path(directory) / "linux"
-        there.mkdir()
-        here.mkdir()
-        run("wine", windows, SOURCE / "data", there)
-        run(linux, SOURCE / "data", here)
-        for name in FILES:
-            ours, theirs = (here / name).read_bytes(), (there / name).read_bytes()
+        folder = pathlib.Path(directory)
+        for system, command in (("windows", ["wine", windows]), ("linux", [linux])):
+            lines = folder / f"{system}.txt"
+            lines.write_text("".join(f"save {kind} {folder}/{kind}.{system}\n" for kind in KINDS), encoding="utf-8")
+            run(*command, "--data", SOURCE / "data", "batch", lines)
+        for kind in KINDS:
+            ours, theirs = ((folder / f"{kind}.{system}").read_bytes() for system in ("linux", "windows"))
             if not ours:
-                faults.append(f"{name} is empty")
+                faults.append(f"{kind}: the file is empty")
             if b"\r" in ours or re.search(rb"(?<!\r)\n|\r(?!\n)", theirs):
-                faults.append(f"{name} mixes line ends")
+                faults.append(f"{kind}: the file mixes line ends")
             if theirs.replace(b"\r\n", b"\n") != ours:
-                faults.append(f"{name} differs")
-        if (here / "deciphered.xml").read_bytes() != (here / "actions.xml").read_bytes():
-            faults.append("deciphered.xml is not actions.xml")
-    print("\n".join(faults) or f"{len(FILES)} files are equal but for their line ends")
+                faults.append(f"{kind}: the files differ")
+    print("\n".join(faults) or f"{len(KINDS)} files are equal but for their line ends")
     return 1 if faults else 0
 
 
