@@ -9,11 +9,13 @@
 #include <command/names/Names.h>
 #include <command/provenance/SafeFile.h>
 #include <command/verbs/Library.h>
+#include <command/verbs/Process.h>
 #include <command/verbs/Prove.h>
 #include <command/verbs/Verbs.h>
 #include <command/vocabulary/Failure.h>
 
 #include <zelstandard/context/ZelStandard.h>
+#include <zelsuite/zelsuite.h>
 
 namespace command
 {
@@ -93,8 +95,9 @@ private:
             return 0;
         if (statement.words.back().starts_with("<<"))
             readText(statement);
-        if (runOwn(statement.words) || runLibraryStatement(statement, {options_, context_.session,
-                                                                       context_.out, context_.err}))
+        const Context context{options_, context_.session, context_.out, context_.err};
+        if (runOwn(statement.words) || runLibraryStatement(statement, context) ||
+            runProcessStatement(statement, context))
             return 0;
         if (statement.words.front() == "prove")
             return prove(context_, context_.out);
@@ -120,22 +123,25 @@ private:
     {
         if (words.size() != 2)
             return false;
-        ZelStandard& standard = *ZelStandard::get();
+        // The first get() of the process may be one that the lines ask for.
+        const auto standard = [] { return ZelStandard::get(); };
         const auto& [what, value] = std::pair(words[0], words[1]);
         if (what == "code") {
             context_.session.code = codeNamed(value);
-            standard.setMode(*context_.session.code);
+            standard()->setMode(*context_.session.code);
         } else if (what == "for") {
             const Structure structure = structureNamed(value);
             context_.session.structure = structure;
-            standard.setClassification(structure.classification);
+            standard()->setClassification(structure.classification);
             if (!structure.isBuilding())
-                standard.setBridgeType(structure.bridgeType);
+                standard()->setBridgeType(structure.bridgeType);
         } else if (what == "material") {
-            standard.setDesignMaterial(materialNamed(value));
+            standard()->setDesignMaterial(materialNamed(value));
         } else if (what == "situation") {
-            standard.setSituation(situationNamed(value));
+            standard()->setSituation(situationNamed(value));
         } else if (what == "language") {
+            if (!zelsuite::setLanguage(value))
+                throw Failure("no texts in \"" + value + "\"; there are en, de");
             options_.language = value;
         } else if (what == "format") {
             options_.format = value;
@@ -157,7 +163,7 @@ Question declareBatch(CLI::App& app)
 {
     auto path = std::make_shared<std::string>();
     app.add_option("FILE", *path, "The lines, else standard input");
-    app.footer(libraryStatements());
+    app.footer(processStatements() + libraryStatements());
     return [path](const Context& context) {
         if (context.session.isBatch)
             throw Failure("a batch holds no batch");

@@ -7,6 +7,7 @@
 #include <functional>
 #include <locale>
 #include <ostream>
+#include <set>
 #include <sstream>
 
 #include <zelstandard/actions/ActionGroupManager.h>
@@ -15,6 +16,7 @@
 #include <zelstandard/context/ZelStandard.h>
 #include <zelstandard/platform/ZelXml.h>
 #include <zelstandard/vocabulary/OperatorTexts.h>
+#include <zelstandard/vocabulary/SignificantInstant.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
 #include <command/provenance/SafeFile.h>
@@ -66,6 +68,13 @@ Enumeration enumeration(const char* name, Value (XMLUtil::*value)(const std::str
             [word](int number) { return (XMLUtil::get()->*word)(static_cast<Value>(number)); }};
 }
 
+Enumeration instants()
+{
+    return {"instant",
+            [](const std::string& name) { return static_cast<int>(ReadSignificantInstant(name)); },
+            [](int value) { return WriteSignificantInstant(SignificantInstant{value}); }};
+}
+
 const std::vector<Enumeration>& enumerations()
 {
     static const std::vector<Enumeration> all = {
@@ -94,6 +103,7 @@ const std::vector<Enumeration>& enumerations()
                     &XMLUtil::getStringToComboGroupType),
         enumeration("tag", &XMLUtil::getStateAttrTokenToString,
                     &XMLUtil::getStringToStateAttrToken),
+        instants(),
     };
     return all;
 }
@@ -383,6 +393,32 @@ void dumpControl(const Call& call)
                    << textOf(Control::getInternalFactor(code)) << '\n';
 }
 
+/// "dump words [WORD ...]": of each enumeration what an unknown word means; then value, word, and
+/// which others of all words, and of the given ones, mean the same.
+void dumpWords(const Call& call)
+{
+    constexpr int first = -2;
+    constexpr int last = 140;
+    std::set<std::string> words(call.statement.words.begin() + 2, call.statement.words.end());
+    for (const Enumeration& e : enumerations())
+        for (int value = first; value <= last; ++value)
+            words.insert(e.word(value));
+    words.erase("-");
+    for (const Enumeration& e : enumerations()) {
+        const int unknown = e.value("no such word");
+        call.out() << e.name << " unknown " << textOf(unknown) << '\n';
+        for (int value = first; value <= last; ++value) {
+            const std::string word = e.word(value);
+            std::string line = word == "-" || e.value(word) != value ? "" : " " + word;
+            for (const std::string& other : words)
+                if (value != unknown && other != word && e.value(other) == value)
+                    line += " " + other;
+            if (!line.empty())
+                call.out() << e.name << ' ' << textOf(value) << line << '\n';
+        }
+    }
+}
+
 struct DumpRow {
     const char* name;
     void (*dump)(const Call&);
@@ -397,6 +433,7 @@ constexpr DumpRow dumps[] = {
     {"active",       [](const Call& c) { dumpActive(c.data(), c.out()); }   },
     {"inactive",     [](const Call& c) { dumpInactive(c.data(), c.out()); } },
     {"templates",    [](const Call& c) { dumpTemplates(c.data(), c.out()); }},
+    {"words",        dumpWords                                              },
 };
 
 void dump(const Call& call)
@@ -638,10 +675,33 @@ const GetRow getters[] = {
      [](const Call& c) {
          return "\"" + getOperatorSymbol(valueOf<Operator>("operator", c[1])) + "\"";
      }                                                                                                        },
+    {"operator",            [](const Call& c) { return textOf(static_cast<int>(getOperatorToName(c[1]))); }   },
+    {"operatorname",
+     [](const Call& c) {
+         const auto value = valueOf<Operator>("operator", c[1]);
+         return getOperatorName(value) + ", " + getOperatorReportName(value);
+     }                                                                                                        },
     {"word",
      [](const Call& c) { return enumerationOf(c[1]).word(static_cast<int>(numberOf(c[2]))); }                 },
     {"value",               [](const Call& c) { return textOf(enumerationOf(c[1]).value(c.optional(2, ""))); }},
 };
+
+/// The values of EC, and those of each code that differs.
+void getTable(const Call& call, const MaterialRow& table)
+{
+    const auto valuesOf = [&](Mode code) {
+        std::string text;
+        for (std::size_t column = 0; column < columnsOf(table).size(); ++column)
+            text += " " + textOf(command::valueOf(table, code, column));
+        return text;
+    };
+    const std::string ec = valuesOf(Mode::EC);
+    call.out() << "EC" << ec;
+    for (const Mode code : Coefficients::get()->getSupportedModes())
+        if (const std::string own = valuesOf(code); own != ec)
+            call.out() << "; " << wordOf(code) << own;
+    call.out() << '\n';
+}
 
 /// "get WORD ...": one line.
 void get(const Call& outer)
@@ -669,6 +729,8 @@ void get(const Call& outer)
     }
     for (const MaterialRow& table : materialTables)
         if (what == table.table) {
+            if (!table.control && call.count() == 0)
+                return getTable(call, table);
             std::size_t column = 0;
             if (table.gamma)
                 column = valueOf<std::size_t>("situation", call[2]);

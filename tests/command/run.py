@@ -1,6 +1,6 @@
 """Runs the cases of a folder, or of one file, and compares what the command answers.
 
-usage: run.py [--refresh] FOLDER-OR-FILE COMMAND...
+usage: run.py [--refresh | --comma] FOLDER-OR-FILE COMMAND...
 
 A case is a line "$ zelstandard ARGUMENT...", the lines of its standard input behind "<<END" if it has any,
 and what is expected: lines of standard output, lines of standard error behind "! ", and "? STATUS" unless
@@ -9,6 +9,8 @@ lines up to END (\\xHH is a byte), "@ pipe FILE" makes a pipe, "@ large FILE" a 
 FILE" takes the right to write; "$ changed FILE" shows by what lines a file differs from the shipped one. The cases of a file run one after another in one
 empty folder, in which "data" is a copy of the shipped data. COMMAND is the program, an emulator in front of
 it, which leaves out the files *_posix.txt. With --refresh the answers become the expectations: read the difference.
+With --comma a decimal comma is in force in each batch, which is an error where the system has none, and the answers
+have to be the same.
 """
 
 import difflib
@@ -85,7 +87,14 @@ def trimmed(lines):
     return "\n".join(lines).rstrip("\n").split("\n")
 
 
-def run(path, command, refresh):
+def answer_with_comma(command, words, given, folder):
+    if words[-1:] != ["batch"]:
+        return answer(command, words, given, folder)
+    return [re.sub(r"^! line (\d+)", lambda line: f"! line {int(line[1]) - 1}", line)
+            for line in answer(command, words, ["locale german", *given], folder)]
+
+
+def run(path, command, refresh, comma):
     """The number of cases, and of those that differ."""
     count, wrong, shown = 0, 0, []
     with tempfile.TemporaryDirectory() as folder:
@@ -93,26 +102,25 @@ def run(path, command, refresh):
         for heading, files, words, given, expected in cases(path.read_text(encoding="utf-8")):
             for file in files:
                 make(pathlib.Path(folder), *(["text"] * (len(file) == 2 and isinstance(file[1], list))), *file)
-            found = trimmed(answer(command, words, given, pathlib.Path(folder)))
+            found = trimmed((answer_with_comma if comma else answer)(command, words, given, pathlib.Path(folder)))
             count += 1
             shown.append("\n".join([*heading, *found]).rstrip("\n") + "\n")
             if found != trimmed(expected) and not refresh:
                 wrong += 1
                 print(f"{path}: {heading[-1] if not given else heading[0]}")
-                print("\n".join([*("- " + line for line in expected if line not in found),
-                                 *("+ " + line for line in found if line not in expected)]) or "  another order")
+                print("\n".join([*difflib.unified_diff(trimmed(expected), found, lineterm="", n=1)][2:]))
     if refresh:
         path.write_text("\n".join(shown), encoding="utf-8")
     return count, wrong
 
 
 def main():
-    refresh = "--refresh" in sys.argv
-    place, *command = [word for word in sys.argv[1:] if word != "--refresh"]
+    refresh, comma = "--refresh" in sys.argv, "--comma" in sys.argv
+    place, *command = [word for word in sys.argv[1:] if word not in ("--refresh", "--comma")]
     command = [str(pathlib.Path(word).resolve()) if pathlib.Path(word).exists() else word for word in command]
     files = sorted(pathlib.Path(place).rglob("*.txt")) if pathlib.Path(place).is_dir() else [pathlib.Path(place)]
     files = [file for file in files if not (file.stem.endswith("_posix") and len(command) > 1)]
-    results = [run(path, command, refresh) for path in files]
+    results = [run(path, command, refresh, comma) for path in files]
     count, wrong = map(sum, zip(*results))
     print(f"{count} cases, {wrong} differ" + (f"; refresh: {shlex.join([sys.argv[0], '--refresh', *sys.argv[1:]])}"
                                               if wrong else ""))

@@ -1,64 +1,19 @@
 #include <zelstandard/context/ZelStandard.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-
 #include "support/Context.h"
 #include "support/Files.h"
 
-// The path of the settings file has backslashes everywhere; where they part no names, the short
-// path leads to the file.
-
-using namespace Standard;
-using support::TemporaryDirectory;
-
-namespace
+// Where a backslash is a letter of names. That such paths lead to files all the same:
+// text/datafiles/backslash_paths.txt.
+TEST(BackslashPaths, LeadFirstToTheFileOfThatVeryName)
 {
-
-class BackslashPaths : public testing::Test
-{
-protected:
-    BackslashPaths()
-    {
-        std::filesystem::create_directory(directory_.path() / "Profiles");
-        zelsuite::setInstallationDirectory(directory_.path().string());
-    }
-
-    support::FreshContext context_;
-    TemporaryDirectory directory_;
-};
-
-} // namespace
-
-TEST_F(BackslashPaths, LeadToAFileBySlashesButFirstToTheOneOfThatVeryName)
-{
-    const std::string top = directory_.path().string();
-    directory_.write("Profiles/Standard.xml",
-                     "<SETTINGS><DESIGNMATERIAL>TIMBER</DESIGNMATERIAL></SETTINGS>");
-    for (const std::string& path : {context_->getDataBaseDir(), top + "\\Profiles/Standard.xml",
-                                    top + "/Profiles\\Standard.xml"}) {
-        context_->setDesignMaterial(DesignMaterial::STEEL);
-        context_->input(path);
-        EXPECT_EQ(context_->getDesignMaterial(), DesignMaterial::TIMBER) << path;
-    }
-    context_->input(directory_.write("Profiles\\Standard.xml",
-                                     "<SETTINGS><DESIGNMATERIAL>ROPE</DESIGNMATERIAL></SETTINGS>"));
-    EXPECT_EQ(context_->getDesignMaterial(), DesignMaterial::ROPE);
-}
-
-TEST_F(BackslashPaths, AreWrittenToAsTheyAreRead)
-{
-    context_->setServiceClass(3);
-    // There is no such file yet.
-    for (const std::string& path : {context_->getDataBaseDir(), std::string(5000, '\\')})
-        context_->input(path);
-    EXPECT_EQ(context_->getServiceClass(), 3);
-
-    context_->output(context_->getDataBaseDir());
-    EXPECT_TRUE(std::filesystem::exists(directory_.path() / "Profiles" / "Standard.xml"));
-    EXPECT_FALSE(std::filesystem::exists(context_->getDataBaseDir()));
-    ZelStandard::kill();
-    EXPECT_EQ(context_->getServiceClass(), 3);
+    const support::FreshContext context;
+    const support::TemporaryDirectory directory;
+    std::filesystem::create_directory(directory.path() / "Profiles");
+    directory.write("Profiles/Standard.xml", "<SETTINGS/>");
+    context->input(directory.write("Profiles\\Standard.xml",
+                                   "<SETTINGS><SERVICE_CLASS>3</SERVICE_CLASS></SETTINGS>"));
+    EXPECT_EQ(context->getServiceClass(), 3);
+    context->input(std::string(5000, '\\'));
+    EXPECT_EQ(context->getServiceClass(), 3);
 }

@@ -65,7 +65,6 @@ inline constexpr Coefficient coefficients[] = {
 inline constexpr int lastKey = 2;
 
 inline const Coefficient& gammaC = coefficients[1];
-inline const Coefficient& alphaCC = coefficients[9];
 
 /// The values of EC and of each code that differs: "1.5 1.2 1.5; DIN-2008 1.5 1.3 1.5".
 inline std::string values(const Coefficient& coefficient)
@@ -100,28 +99,6 @@ inline void clearCoefficients()
         for (int mode = -1; mode <= 9; ++mode)
             for (int key = -1; key <= 3; ++key)
                 coefficient.set(Mode{mode}, key, 0.0);
-}
-
-/// A different value with two decimals for each coefficient, code and key.
-inline double distinctValue(const Coefficient& coefficient, Mode mode, int key)
-{
-    const auto number = &coefficient - coefficients;
-    return static_cast<double>(100 * number + 10 * static_cast<int>(mode) + key + 1) / 100.0;
-}
-
-inline void setDistinctValues()
-{
-    for (const Coefficient& coefficient : coefficients)
-        for (const Mode mode : Coefficients::get()->getSupportedModes())
-            for (int key = coefficient.firstKey; key <= lastKey; ++key)
-                coefficient.set(mode, key, distinctValue(coefficient, mode, key));
-}
-
-inline void readCoefficients(const std::string& document)
-{
-    ZelXmlTree tree;
-    build(tree, document);
-    Coefficients::get()->input(tree.getRoot());
 }
 
 } // namespace support

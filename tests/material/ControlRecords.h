@@ -56,14 +56,4 @@ inline void setRecord(Mode mode, const std::array<double, 6>& values)
         controlValues[index].set(mode, values[index]);
 }
 
-/// A settings file with a value of its own for all that one holds.
-inline const char* const controlSettings = R"(<SMOD><STRESSBLOCK>
-  <ANNEX NAME="EC"><STRUTFACTOR>0.61</STRUTFACTOR><ETA>0.91</ETA><LAMBDA>0.81</LAMBDA></ANNEX>
-  <ANNEX NAME="DIN-1988">
-    <STRUTFACTOR>0.62</STRUTFACTOR><ETA>0.92</ETA><LAMBDA>0.82</LAMBDA></ANNEX>
-</STRESSBLOCK></SMOD>)";
-
-/// records() after it.
-inline const char* const controlSettingsRecords = "1 1 0.61 0.91 0.81 0; 1.75 1.2 0.62 0.92 0.82 1";
-
 } // namespace support

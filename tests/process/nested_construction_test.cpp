@@ -3,10 +3,6 @@
 
 #include <zelstandard/context/ZelStandard.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include <zelsuite/zelsuite.h>
 
 #include "support/Files.h"

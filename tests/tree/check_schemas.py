@@ -40,7 +40,8 @@ FAULTS = {
         (r'TEMPLATE="EC-BUILDING"', 'TEMPLATE="EC_BUILDING"'),
     ],
 }
-WRITTEN = {"action_types_written.xml": "action-types.xsd", "settings.xml": "settings.xsd"}
+# Their first document was written by the library.
+WRITTEN = {"golden/action_types_written.xml": "action-types.xsd", "text/context/settings.txt": "settings.xsd"}
 
 
 def check(schema, text, expected, what):
@@ -66,8 +67,8 @@ def check_shipped(data):
 
 def check_written(root):
     for name, schema in WRITTEN.items():
-        path = root / "tests" / "golden" / name
-        text = path.read_text(encoding="utf-8")
+        path = root / "tests" / name
+        text = re.search(r"^<\?xml.*?^</SMOD>$", path.read_text(encoding="utf-8"), re.M | re.S)[0]
         yield from check(root / "data" / "schemas" / schema, text, VALID, path)
 
 
