@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <ostream>
 #include <sstream>
 
@@ -255,33 +255,57 @@ void makeFolder(const Call& call)
         throw Failure("cannot make \"" + call[1] + "\"");
 }
 
+/// Lines, with words ";" between them; all behind an "each" are its own.
+void runLines(const Words& words, const Context& context)
+{
+    Statement line;
+    const auto run = [&] {
+        if (!runLibraryStatement(line, context) && !runProcessStatement(line, context))
+            throw Failure("the library has no \"" + line.words.front() + "\"");
+        line.words.clear();
+    };
+    for (const std::string& word : words)
+        if (word == ";" && !line.words.empty() && line.words.front() != "each")
+            run();
+        else
+            line.words.push_back(word);
+    if (line.words.empty())
+        throw Failure("a line is missing");
+    run();
+}
+
 /// "each NAME FIRST LAST LINE [; LINE]": the lines with each of the numbers in the place of $NAME,
 /// and their answer behind it.
 void each(const Call& call)
 {
     for (int value = static_cast<int>(call.number(2)); value <= call.number(3); ++value) {
-        std::ostringstream answer;
-        const Context inner{call.context.options, call.context.session, answer, call.context.err};
-        Statement line;
-        const auto run = [&] {
-            if (!runLibraryStatement(line, inner) && !runProcessStatement(line, inner))
-                throw Failure("the library has no \"" + line.words.front() + "\"");
-            line.words.clear();
-        };
+        Words words;
         for (std::size_t i = 4; i <= call.count(); ++i)
-            if (call[i] == "$" + call[1])
-                line.words.push_back(std::to_string(value));
-            else if (call[i] == ";" && !line.words.empty() && line.words.front() != "each")
-                run();
-            else
-                line.words.push_back(call[i]);
-        if (line.words.empty())
-            throw Failure("each needs a line");
-        run();
+            words.push_back(call[i] == "$" + call[1] ? std::to_string(value) : call[i]);
+        std::ostringstream answer;
+        runLines(words, {call.context.options, call.context.session, answer, call.context.err});
         std::istringstream lines(answer.str());
         for (std::string text; std::getline(lines, text);)
             call.out() << std::to_string(value) << ' ' << text << '\n';
     }
+}
+
+/// The lines that a change of classification runs, each time; of the last "on-change".
+struct Listener {
+    Words words;
+    Context context;
+};
+std::optional<Listener> listener;
+
+/// "on-change LINE [; LINE]"
+void onChange(const Call& call)
+{
+    listener.emplace(Listener{
+        {call.statement.words.begin() + 1, call.statement.words.end()},
+        call.context
+    });
+    ZelStandard::get()->addCallbackFunction(
+        [](Classification) { runLines(listener->words, listener->context); });
 }
 
 struct StatementRow {
@@ -303,6 +327,7 @@ constexpr StatementRow statements[] = {
     {"decipher",        "FILE KEY",                                                   decipher      },
     {"lines",           "FILE WORD ...: the lines with one of the words",             showLines     },
     {"make-folder",     "DIR",                                                        makeFolder    },
+    {"on-change",       "LINE [; LINE]: run when the classification changes",         onChange      },
     {"each",            "NAME FIRST LAST LINE [; LINE]: for the numbers $NAME",       each          },
 };
 
