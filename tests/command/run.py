@@ -6,11 +6,11 @@ A case is a line "$ zelstandard ARGUMENT...", the lines of its standard input be
 and what is expected: lines of standard output, lines of standard error behind "! ", and "? STATUS" unless
 that is 0. Lines that begin with "## " are for the reader. In front of a case "@ FILE <<END" writes a file of the
 lines up to END (\\xHH is a byte), "@ pipe FILE" makes a pipe, "@ large FILE" a file of 100 MB, "@ readonly
-FILE" takes the right to write; "$ changed FILE" shows by what lines a file differs from the shipped one. The cases of a file run one after another in one
-empty folder, in which "data" is a copy of the shipped data. COMMAND is the program, an emulator in front of
-it, which leaves out the files *_posix.txt. With --refresh the answers become the expectations: read the difference.
-With --comma a decimal comma is in force in each batch, which is an error where the system has none, and the answers
-have to be the same.
+FILE" takes the right to write; "$ changed FILE" shows by what lines a file differs from the shipped one. The cases
+of a file run one after another in one empty folder, in which "data" is a copy of the shipped data. COMMAND is the
+program, an emulator in front of it, which leaves out the files *_posix.txt. With --refresh the answers become the
+expectations: read the difference. With --comma a decimal comma is in force in each batch, which is an error where the
+system has none, and the answers have to be the same.
 """
 
 import difflib

@@ -41,7 +41,7 @@ FAULTS = {
     ],
 }
 # Their first document was written by the library.
-WRITTEN = {"golden/action_types_written.xml": "action-types.xsd", "text/context/settings.txt": "settings.xsd"}
+WRITTEN = {"text/datafiles/factors.txt": "action-types.xsd", "text/context/settings.txt": "settings.xsd"}
 
 
 def check(schema, text, expected, what):
