@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
+#include <sstream>
 #include <utility>
 
 #include <zelstandard/vocabulary/XMLUtil.h>
 
-#include <command/provenance/TextEdits.h>
 #include <command/vocabulary/Failure.h>
 
 namespace command
@@ -412,7 +413,9 @@ bool isGivenByNaming(const FactorRow& factor, const Element& annex, double value
 /// The element of a set of the office for the end of the annex. What a DEFAULT would overwrite
 /// there is repeated.
 /// @param wanted the values in the end; null when nothing is to be kept
-std::string officeSet(const Element& set, const Element& annex, const FactorSet* wanted)
+/// @param isFirst whether no set of its name stands before it
+std::string officeSet(const Element& set, const Element& annex, const FactorSet* wanted,
+                      bool isFirst)
 {
     std::string repeated;
     for (const FactorRow& factor : factors) {
@@ -434,7 +437,7 @@ std::string officeSet(const Element& set, const Element& annex, const FactorSet*
         origin += " SOURCE=\"Office, Office.xml, own value\"";
     if (!set.attribute("STATUS"))
         origin += " STATUS=\"OFFICE\"";
-    if (!set.attribute("ACCEPTED"))
+    if (!isFirst && !set.attribute("ACCEPTED"))
         origin += " ACCEPTED=\"duplicate-set: laid over by the office\"";
     const std::size_t behindName = set.begin + 1 + set.name.size();
     edits.replace(behindName, behindName, origin);
@@ -444,6 +447,28 @@ std::string officeSet(const Element& set, const Element& annex, const FactorSet*
 }
 
 } // namespace
+
+void dropConfirmations(TextEdits& edits, const Element& annex,
+                       const std::vector<std::string_view>& given)
+{
+    const Attribute* confirmed = annex.attribute("BUILDING_VALUES");
+    if (!confirmed)
+        return;
+    std::string left;
+    std::istringstream words{std::string(confirmed->value)};
+    for (std::string word; words >> word;)
+        if (std::ranges::find(given, word) == given.end())
+            left += (left.empty() ? "" : " ") + word;
+    if (left == confirmed->value)
+        return;
+    if (!left.empty()) {
+        edits.replaceValue(*confirmed, left);
+        return;
+    }
+    for (const char* key : {"BUILDING_VALUES", "BUILDING_SOURCE", "BUILDING_STATUS"})
+        if (const Attribute* attribute = annex.attribute(key))
+            edits.remove(*attribute);
+}
 
 std::string mergedText(const Document& document, const Document& office)
 {
@@ -469,6 +494,8 @@ std::string mergedText(const Document& document, const Document& office)
         const ActionValues& values =
             *std::ranges::find(wanted.types(), type, &ActionValues::element);
         const Element* annexes = type->find("ANNEXES");
+        std::map<const Element*, std::vector<std::string_view>> given; // for buildings
+        std::set<std::pair<const Element*, std::string_view>> laid;
         for (const Element* annex : annexesOf(added)) {
             const Element* target = lastNamed(annexes, annex->get("NAME"));
             if (!target && annexes) {
@@ -482,11 +509,19 @@ std::string mergedText(const Document& document, const Document& office)
                     setKey(XMLUtil::get()->getModeToString(std::string(annex->get("NAME"))),
                            set->get("NAME"));
                 const auto found = values.sets.find(key);
+                const bool isFirst = laid.emplace(target, set->get("NAME")).second &&
+                                     !named(target->children, set->get("NAME"));
                 edits.append(*target,
                              officeSet(*set, *target,
-                                       found == values.sets.end() ? nullptr : &found->second));
+                                       found == values.sets.end() ? nullptr : &found->second,
+                                       isFirst));
+                for (const Element* value : set->children)
+                    if (set->get("NAME") == "BUILDING")
+                        given[target].push_back(value->name);
             }
         }
+        for (const auto& [target, names] : given)
+            dropConfirmations(edits, *target, names);
     }
     return edits.apply();
 }

@@ -4,10 +4,12 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
 #include <command/provenance/Document.h>
+#include <command/provenance/TextEdits.h>
 #include <command/vocabulary/Vocabulary.h>
 
 /// @file
@@ -119,5 +121,10 @@ private:
 /// library is to read so that it answers as ActionFile does. There a DEFAULT of the annex would
 /// overwrite what an office does not name; so such values are repeated in the office's element.
 std::string mergedText(const Document& document, const Document& office);
+
+/// Takes factors that a set for buildings gives now, by the names of their elements, from the
+/// BUILDING_VALUES of its annex: they are no longer confirmed as those of EC.
+void dropConfirmations(TextEdits& edits, const Element& annex,
+                       const std::vector<std::string_view>& given);
 
 } // namespace command

@@ -99,6 +99,21 @@ bool checkFile(const std::string& path)
     return true;
 }
 
+void refuseToReplace(const std::string& path, std::string_view kind)
+{
+    if (!checkFile(path))
+        return;
+    std::shared_ptr<const Document> there;
+    try {
+        there = Document::read(path);
+    } catch (const Failure&) { // unreadable, or enciphered with another key: nothing is known of it
+        return;
+    }
+    if (!there->kind().empty() && there->kind() != kind)
+        throw Failure("\"" + path + "\" holds " + std::string(there->kind()) +
+                      ", which would be lost; name another file");
+}
+
 std::string readFile(const std::string& path)
 {
     if (!checkFile(path))
@@ -146,6 +161,18 @@ std::shared_ptr<const Document> Document::parse(std::string path, std::string by
 }
 
 Document::~Document() = default;
+
+std::string_view Document::kind() const
+{
+    if (!root_)
+        return {};
+    for (const char* part : {"SETTINGS", "COEFFICIENTS", "STRESSBLOCK", "STATEINSTRUCTIONS"})
+        if (root_->find(part))
+            return "settings";
+    return root_->find("ACTIONTYPES")       ? "action types"
+           : root_->find("STATEATTRIBUTES") ? "state attributes"
+                                            : "";
+}
 
 std::string Document::fileName() const { return path_.substr(path_.find_last_of("/\\") + 1); }
 

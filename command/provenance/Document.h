@@ -90,6 +90,9 @@ public:
     [[nodiscard]] bool isUtf8() const { return isUtf8_; }
     [[nodiscard]] bool isEnciphered() const { return isEnciphered_; }
 
+    /// Of which kind of data file it is: "settings", "action types" or "state attributes"; empty
+    /// for what is none.
+    [[nodiscard]] std::string_view kind() const;
     /// Null for what is no document.
     [[nodiscard]] const Element* root() const { return root_; }
     [[nodiscard]] const ParseFault& fault() const { return fault_; }
@@ -130,6 +133,10 @@ std::string numberText(double value);
 /// Throws Failure for what is no regular file or too large: a pipe would be waited for.
 /// @return false when there is none
 bool checkFile(const std::string& path);
+
+/// Throws Failure for a data file of another kind, which would be lost under what is written there.
+/// @param kind of what is to be written; empty for no data file
+void refuseToReplace(const std::string& path, std::string_view kind);
 
 /// The bytes of a regular file. Throws Failure when they cannot be had.
 std::string readFile(const std::string& path);

@@ -85,6 +85,12 @@ private:
 
 } // namespace
 
+bool isSameFile(const std::string& path, const std::string& other)
+{
+    std::error_code error;
+    return fs::equivalent(path, other, error);
+}
+
 void replaceFile(const std::string& path, const std::string& bytes)
 {
     std::error_code error;

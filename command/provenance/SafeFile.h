@@ -11,4 +11,7 @@ namespace command
 /// so it does for a file that is read-only.
 void replaceFile(const std::string& path, const std::string& bytes);
 
+/// Whether two paths lead to one file; false when one of them is missing.
+bool isSameFile(const std::string& path, const std::string& other);
+
 } // namespace command

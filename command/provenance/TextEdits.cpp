@@ -34,6 +34,23 @@ void TextEdits::replace(std::size_t begin, std::size_t end, std::string text)
     edits_.push_back({begin, end, std::move(text)});
 }
 
+std::size_t TextEdits::endOf(const Attribute& attribute) const
+{
+    const std::string& text = document_.text();
+    return text.find(text[attribute.valueAt - 1], attribute.valueAt);
+}
+
+void TextEdits::replaceValue(const Attribute& attribute, std::string text)
+{
+    replace(attribute.valueAt, endOf(attribute), std::move(text));
+}
+
+void TextEdits::remove(const Attribute& attribute)
+{
+    const std::size_t blanks = document_.text().find_last_not_of(" \t\r\n", attribute.nameAt - 1);
+    replace(blanks + 1, endOf(attribute) + 1, "");
+}
+
 void TextEdits::append(const Element& element, const std::string& text)
 {
     appendLines(element, withLineEnds(document_, text));

@@ -4,7 +4,6 @@
 #include <CLI/CLI.hpp>
 #include <zelstandard/datafiles/DataFileKey.h>
 #include <zelstandard/platform/FileCrypt.h>
-#include <zelstandard/platform/Tools.h>
 #include <zelsuite/zelsuite.h>
 
 #include <command/provenance/SafeFile.h>
@@ -36,18 +35,18 @@ std::string keyOf(const Asked& asked)
     return key;
 }
 
-/// Throws Failure for what the library would not read enciphered.
-void refuseOthers(const std::string& path, const std::string& bytes)
+/// Throws Failure for what the library would not read enciphered, and for another place that holds
+/// something else.
+void refuseOthers(const std::string& path, const std::string& bytes, const std::string& to)
 {
     const auto document = Document::parse(path, bytes);
-    const Element* root = document->orFail().root();
-    for (const char* part : {"SETTINGS", "COEFFICIENTS", "STRESSBLOCK", "STATEINSTRUCTIONS"})
-        if (root->find(part))
-            throw Failure("\"" + path +
-                          "\" is a settings file, which is always plain: the library "
-                          "reads no other");
-    if (!root->find("ACTIONTYPES") && !root->find("STATEATTRIBUTES"))
+    if (document->orFail().kind() == "settings")
+        throw Failure("\"" + path +
+                      "\" is a settings file, which is always plain: the library "
+                      "reads no other");
+    if (document->kind().empty())
         throw Failure("\"" + path + "\" holds neither action types nor state attributes");
+    refuseToReplace(to, document->kind());
 }
 
 Answer written(const std::string& from, const std::string& to, const char* what)
@@ -71,7 +70,7 @@ Answer encipher(const Asked& asked, const std::string& from, const std::string& 
     const std::string key = keyOf(asked);
     if (KorvaneUtil::isEncrypted(from, key))
         throw Failure("\"" + from + "\" is enciphered already");
-    refuseOthers(from, bytes);
+    refuseOthers(from, bytes, to);
     std::istringstream plain(bytes);
     std::ostringstream enciphered;
     if (!zelsuite::encrypt(plain, enciphered, key))
@@ -93,6 +92,7 @@ Answer decipher(const Asked& asked, const std::string& from, const std::string& 
     if (!KorvaneUtil::decrypt(from, plain, key))
         throw Failure("\"" + from + "\" does not open with this key: another key, or damaged\n" +
                       "Another key: --key-file FILE");
+    refuseToReplace(to, Document::parse(from, plain.str())->kind());
     replaceFile(to, plain.str());
     return written(from, to, "plain");
 }
@@ -104,10 +104,10 @@ Answer merge(const std::string& to, const Context& context)
     const Document* office = data.officeDocument();
     if (!office)
         throw Failure("there is no \"" + data.officePath() + "\" to merge");
-    if (Tools::File::exists(to))
-        for (const std::string& input : {data.actionsPath(), data.officePath()})
-            if (readFile(to) == readFile(input))
-                throw Failure("\"" + to + "\" is one of the files to merge; name another one");
+    for (const std::string& input : {data.actionsPath(), data.officePath()})
+        if (isSameFile(to, input))
+            throw Failure("\"" + to + "\" is one of the files to merge; name another one");
+    refuseToReplace(to, document.kind());
     const auto merged = Document::parse(to, mergedText(document, *office));
     int values = 0;
     for (const Element& element : office->elements())

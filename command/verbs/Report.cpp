@@ -215,6 +215,7 @@ std::string fill(std::string page, const std::map<std::string, std::string>& par
 
 Answer answerReport(const std::string& path, const Context& context)
 {
+    refuseToReplace(path, "");
     const bool isGerman = context.options.language == "de";
     const std::vector<Mode> codes = context.codes();
     std::string title = isGerman ? "Beiwerte der Normen" : "Factors of the design codes";

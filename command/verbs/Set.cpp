@@ -111,7 +111,7 @@ public:
         else if (!added.empty())
             addSet(added);
         if (annex_ && structure_.isBuilding())
-            dropConfirmations(wanted);
+            dropConfirmations(edits_, *annex_, elementsOf(wanted));
         return edits_.apply();
     }
 
@@ -139,7 +139,7 @@ private:
                      {"STATUS", value.status}
             })
                 if (const Attribute* attribute = element.attribute(key))
-                    edits_.replace(attribute->valueAt, endOf(*attribute), escaped(text));
+                    edits_.replaceValue(*attribute, escaped(text));
                 else
                     added += std::string(" ") + key + "=\"" + escaped(text) + "\"";
             if (!added.empty())
@@ -168,40 +168,12 @@ private:
                                         outer + "</ANNEX>");
     }
 
-    /// What is given now is no longer confirmed as that of EC.
-    void dropConfirmations(const std::vector<Wanted>& wanted)
+    static std::vector<std::string_view> elementsOf(const std::vector<Wanted>& wanted)
     {
-        const Attribute* confirmed = annex_->attribute("BUILDING_VALUES");
-        if (!confirmed)
-            return;
-        std::string left = " " + std::string(confirmed->value) + " ";
-        for (const Wanted& value : wanted) {
-            const std::string word = " " + std::string(value.factor->element) + " ";
-            if (const std::size_t at = left.find(word); at != std::string::npos)
-                left.erase(at, word.size() - 1);
-        }
-        left =
-            left.find_first_not_of(' ') == std::string::npos ? "" : left.substr(1, left.size() - 2);
-        if (left == confirmed->value)
-            return;
-        if (!left.empty()) {
-            edits_.replace(confirmed->valueAt, endOf(*confirmed), left);
-            return;
-        }
-        for (const char* key : {"BUILDING_VALUES", "BUILDING_SOURCE", "BUILDING_STATUS"})
-            if (const Attribute* attribute = annex_->attribute(key)) {
-                std::size_t begin = attribute->nameAt;
-                while (std::string_view(" \t\r\n").find(document_.text()[begin - 1]) !=
-                       std::string_view::npos)
-                    --begin;
-                edits_.replace(begin, endOf(*attribute) + 1, "");
-            }
-    }
-
-    [[nodiscard]] std::size_t endOf(const Attribute& attribute) const
-    {
-        const std::string& text = document_.text();
-        return text.find(text[attribute.valueAt - 1], attribute.valueAt);
+        std::vector<std::string_view> names;
+        for (const Wanted& value : wanted)
+            names.emplace_back(value.factor->element);
+        return names;
     }
 
     const Document& document_;
