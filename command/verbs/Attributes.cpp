@@ -118,23 +118,30 @@ void addRuleList(Answer& answer, const Context& context, Mode code, Structure st
 
 Cell factorCell(const RuleFactor& factor)
 {
-    return factor.formula.empty() ? Cell("-") : Cell(factor.value);
+    if (factor.formula.empty())
+        return "-";
+    Cell cell(factor.value);
+    cell.marks = factor.marks;
+    return cell;
 }
 
-void addRule(Answer& answer, const Context& context, Standard::InstructionType type, bool all)
+void addRule(Answer& answer, const Context& context, Standard::InstructionType type,
+             Structure structure, bool all)
 {
     const ZelStandard& standard = *ZelStandard::get();
     const Standard::StateInstructionManager& rules = context.data().rules();
     const auto current = rules.getCurrentTemplateID();
     const std::string word = XMLUtil::get()->getStringToInstruction(type);
     const Standard::StateInstruction* rule = rules.findStateInstruction(type, current);
-    Section& section = answer.section(word + "  " + nameOf(type) + ", template " +
-                                      XMLUtil::get()->getStringToSupTemplate(current) + ", " +
-                                      command::wordOf(standard.getMode()));
+    Section& section =
+        answer.section(word + "  " + nameOf(type) + ", template " +
+                       XMLUtil::get()->getStringToSupTemplate(current) + ", " +
+                       command::wordOf(standard.getMode()) + ", " + nameOf(structure));
     section.facts = {
-        {"rule",     word                                           },
-        {"code",     command::wordOf(standard.getMode())            },
-        {"template", XMLUtil::get()->getStringToSupTemplate(current)}
+        {"rule",      word                                           },
+        {"code",      command::wordOf(standard.getMode())            },
+        {"structure", command::wordOf(structure)                     },
+        {"template",  XMLUtil::get()->getStringToSupTemplate(current)}
     };
     if (!rule) {
         section.lines.emplace_back("The template has no such rule.");
@@ -162,12 +169,16 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
             continue;
         RuleFactors applied;
         const Standard::ActionType* action = attribute ? attribute->getActionType() : nullptr;
-        if (const SafetyFactors* set =
-                action ? action->getFactors(standard.getMode(), standard.getClassification(),
-                                            standard.getBridgeType())
-                       : nullptr)
-            applied =
-                ruleFactors(type, partOf(action->getActionGroupId()), standard.getMode(), *set);
+        const SafetyFactors* set =
+            action ? action->getFactors(standard.getMode(), standard.getClassification(),
+                                        standard.getBridgeType())
+                   : nullptr;
+        const ActionValues* values =
+            action ? context.data().actionValues().find(action->getId()) : nullptr;
+        const FactorSet* origins = values ? values->find(standard.getMode(), structure) : nullptr;
+        if (set && origins)
+            applied = ruleFactors(type, partOf(action->getActionGroupId()), standard.getMode(),
+                                  *set, *origins);
         std::vector<Cell> row = {wordOf(entry->getToken()),
                                  nameOf(entry->getToken()),
                                  actionWord(attribute),
@@ -199,7 +210,7 @@ Answer answerRules(const std::string& word, bool all, const Context& context)
             if (word.empty())
                 addRuleList(answer, context, code, structure);
             else
-                addRule(answer, context, ruleNamed(word), all);
+                addRule(answer, context, ruleNamed(word), structure, all);
         }
     context.noteSettings(answer);
     context.noteOffice(answer);

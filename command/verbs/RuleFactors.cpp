@@ -40,19 +40,24 @@ const RuleRow* rowOfRule(InstructionType rule)
     return row == std::end(rules) ? nullptr : row;
 }
 
-RuleFactor product(std::string formula, const SafetyFactors& set)
+RuleFactor product(std::string formula, const SafetyFactors& set, const FactorSet& origins)
 {
     if (formula == "-")
         return {};
     double value = 1;
+    std::string marks;
     for (const FactorRow& factor : factors) {
         const std::string words = " " + formula + " ";
-        if (words.find(" " + std::string(factor.key) + " ") != std::string::npos)
-            value *= (set.*factor.get)();
+        if (words.find(" " + std::string(factor.key) + " ") == std::string::npos)
+            continue;
+        value *= (set.*factor.get)();
+        const char mark = statusMark(origins[factor.value].origin.status);
+        if (mark && marks.find(mark) == std::string::npos)
+            marks += mark;
     }
     // 1.5 times 0.7 is 1.05, and not the nearest number that a computer has.
     value = std::round(value * 1e9) / 1e9;
-    return {formula.empty() ? "1" : std::move(formula), value};
+    return {formula.empty() ? "1" : std::move(formula), value, marks};
 }
 
 } // namespace
@@ -76,22 +81,24 @@ Part partOf(ActionGroupType group)
 
 bool hasFactors(InstructionType rule) { return rowOfRule(rule) != nullptr; }
 
-RuleFactors ruleFactors(InstructionType rule, Part part, Mode code, const SafetyFactors& set)
+RuleFactors ruleFactors(InstructionType rule, Part part, Mode code, const SafetyFactors& set,
+                        const FactorSet& origins)
 {
     const RuleRow* row = rowOfRule(rule);
     if (!row)
         return {};
     switch (part) {
     case Part::Permanent:
-        return {product(row->unfavourable, set), product(row->favourable, set)};
+        return {product(row->unfavourable, set, origins), product(row->favourable, set, origins)};
     case Part::Variable: {
         const bool isSwiss = rule == InstructionType::ACCIDENTAL && code == Mode::SIA;
-        return {product(isSwiss ? "psi2" : row->leading, set), product(row->accompanying, set)};
+        return {product(isSwiss ? "psi2" : row->leading, set, origins),
+                product(row->accompanying, set, origins)};
     }
     case Part::Accidental:
-        return {product(rule == InstructionType::ACCIDENTAL ? "" : "-", set), {}};
+        return {product(rule == InstructionType::ACCIDENTAL ? "" : "-", set, origins), {}};
     case Part::Seismic:
-        return {product(rule == InstructionType::EARTHQUAKE ? "" : "-", set), {}};
+        return {product(rule == InstructionType::EARTHQUAKE ? "" : "-", set, origins), {}};
     }
     return {};
 }

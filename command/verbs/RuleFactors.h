@@ -4,6 +4,7 @@
 
 #include <zelstandard/actions/ActionType.h>
 
+#include <command/provenance/ActionValues.h>
 #include <command/vocabulary/Vocabulary.h>
 
 /// @file
@@ -22,6 +23,7 @@ Part partOf(Standard::ActionGroupType group);
 struct RuleFactor {
     std::string formula; ///< "gamma_sup psi0"
     double value = 0;
+    std::string marks; ///< of the sources of its factors, each once
 };
 struct RuleFactors {
     RuleFactor first;
@@ -30,7 +32,8 @@ struct RuleFactors {
 
 /// False for a rule that has no factors of its own (fatigue, lists for programs).
 bool hasFactors(Standard::InstructionType rule);
+/// @param origins where the set's values come from, for the marks
 RuleFactors ruleFactors(Standard::InstructionType rule, Part part, Mode code,
-                        const SafetyFactors& set);
+                        const SafetyFactors& set, const FactorSet& origins);
 
 } // namespace command
