@@ -94,8 +94,9 @@ public:
 private:
     void print(const Section& section)
     {
-        for (const std::string& line : section.title)
-            out_ << paint(line, "1") << '\n';
+        for (const std::string& title : section.title)
+            for (const std::string& line : broken(title, pageWidth))
+                out_ << paint(line, "1") << '\n';
         if (section.table)
             print(*section.table);
         print(section.chain);
@@ -119,12 +120,24 @@ private:
             if (column.droppable && width() > pageWidth + 2)
                 column.hidden = true;
         printTitles(table, layouts);
-        for (const auto& row : table.rows) {
+        // Words in the last column are broken where the table would become too wide.
+        const std::size_t last = layouts.size() - 1;
+        const std::size_t begin = width() - layouts[last].width() - layouts[last].marks - 2;
+        const bool breaks = width() > pageWidth + 2 && !layouts[last].isNumeric &&
+                            !table.columns[last].hidden && begin + 20 < pageWidth;
+        for (auto row : table.rows) {
+            std::vector<std::string> parts = {""};
+            if (breaks)
+                parts = broken(row[last].text, pageWidth - begin);
+            if (breaks)
+                row[last].text = parts.front();
             std::string line;
             for (std::size_t i = 0; i < row.size(); ++i)
                 if (!table.columns[i].hidden)
                     addCell(row[i], layouts[i], line);
             putLine(line);
+            for (std::size_t i = 1; i < parts.size(); ++i)
+                putLine(std::string(begin, ' ') + parts[i]);
         }
     }
 
@@ -290,21 +303,30 @@ private:
     /// A sentence, broken between words where it is too long.
     void wrap(const std::string& text)
     {
+        for (const std::string& line : broken(text, pageWidth))
+            putLine(line);
+    }
+
+    /// The lines of a text that has so many characters in a line; all begin as far in as the first.
+    static std::vector<std::string> broken(const std::string& text, std::size_t width)
+    {
+        std::vector<std::string> lines;
         const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());
         const std::string margin(indent, ' ');
         std::string line = margin;
         for (std::size_t at = indent; at <= text.size();) {
             const std::size_t end = std::min(text.find(' ', at), text.size());
             const std::string word = text.substr(at, end - at);
-            if (line != margin && widthOf(line) + 1 + widthOf(word) > pageWidth) {
-                putLine(line);
+            if (line != margin && widthOf(line) + 1 + widthOf(word) > width) {
+                lines.push_back(line);
                 line = margin + word;
             } else {
                 line += (line == margin ? "" : " ") + word;
             }
             at = end + 1;
         }
-        putLine(line);
+        lines.push_back(line);
+        return lines;
     }
 
     void putLine(std::string line)
