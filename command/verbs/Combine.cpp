@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 #include <zelstandard/actions/ActionGroup.h>
 #include <zelstandard/actions/ActionType.h>
+#include <zelstandard/context/ZelStandard.h>
 #include <zelstandard/vocabulary/XMLUtil.h>
 
 #include <command/combination/Combinations.h>
@@ -171,6 +172,8 @@ private:
         member.name = equals != std::string::npos ? text.substr(equals + 1)
                       : tag                       ? word.substr(4)
                                                   : wordOf(member.action);
+        if (member.name.find_first_not_of(' ') == std::string::npos)
+            throw Failure("\"" + text + "\" gives no name; write " + word + "=NAME");
         member.factors = factorsInForce(member.action);
         for (const Member& other : members_)
             if (folded(other.name) == folded(member.name))
@@ -195,7 +198,10 @@ private:
         if (!tag || !tag->isActive())
             throw Failure("the state attribute \"" + word + "\" is not in force under " +
                           wordOf(code_) + " for " + nameOf(structure_) +
-                          "\nWhy: zelstandard explain " + word);
+                          "\nWhy: zelstandard explain " + word + " --code " + wordOf(code_) +
+                          " --for " + lowerWordOf(structure_) + " --material " +
+                          Standard::XMLUtil::get()->getStringToDgnMaterial(
+                              ZelStandard::get()->getDesignMaterial()));
         return tag;
     }
 
