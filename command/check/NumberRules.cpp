@@ -195,6 +195,10 @@ void range(const CheckedFiles& files, Report& report)
         if (element.name == "SERVICE_CLASS" && (number < 1 || number > 3))
             report.atText(element, "SERVICE_CLASS is " + element.text + ", not 1, 2 or 3",
                           "As it stands it reads as 1");
+        if (number == 0 && factorOf(element) &&
+            (element.name == "GAMMA_SUP" || element.name == "CrackRed"))
+            report.atText(element, describe(element) + " is 0: no load case of it would count",
+                          "The library takes it as it stands");
         if (!form.isNumber() || isWithin(number, form))
             return;
         const bool isLost = number < 0 && element.parent->get("NAME") == "DEFAULT";
