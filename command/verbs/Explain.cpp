@@ -319,6 +319,10 @@ void explainTag(Answer& answer, const Asked& asked, const Context& context)
         context.data().attributes().findStateAttributeToToken(token);
     if (!attribute)
         throw Failure("\"" + context.data().attributesPath() + "\" has no " + asked.word);
+    if (const Standard::ActionType* action = attribute->getActionType();
+        action && !asked.factor.empty())
+        throw Failure("a state attribute has no factors of its own; ask for those of its action: " +
+                      ("zelstandard explain " + wordOf(action->getId()) + " " + asked.factor));
     for (const Mode code : context.codes())
         for (const Structure structure : context.structures())
             addTag(answer, context, *attribute, code, structure);
