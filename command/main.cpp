@@ -199,7 +199,10 @@ try {
     const std::vector<std::string> words(arguments + 1, arguments + count);
     const int status = command::answerLine(words, nullptr, {}, std::cout, std::cerr);
     std::cout.flush();
-    return std::cout ? status : 2;
+    if (std::cout)
+        return status;
+    std::cerr << "zelstandard: the answer cannot be written: the disk is full, or nobody reads\n";
+    return 2;
 } catch (...) { // what is thrown while a fault is being told
     return 2;
 }
