@@ -160,6 +160,7 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
     };
     if (all)
         table.columns.push_back({"rejected_by", "rejected by"});
+    const auto factorsOfRule = combinationRule(type, standard.getMode());
     for (const StateAttributeBase* entry : rule->getAttributes()) {
         const StateAttribute* attribute =
             context.data().attributes().findStateAttributeToToken(entry->getToken());
@@ -176,9 +177,9 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
         const ActionValues* values =
             action ? context.data().actionValues().find(action->getId()) : nullptr;
         const FactorSet* origins = values ? values->find(standard.getMode(), structure) : nullptr;
-        if (set && origins)
-            applied = ruleFactors(type, partOf(action->getActionGroupId()), standard.getMode(),
-                                  *set, *origins);
+        if (set && origins && factorsOfRule)
+            applied =
+                ruleFactors(*factorsOfRule, partOf(action->getActionGroupId()), *set, *origins);
         std::vector<Cell> row = {wordOf(entry->getToken()),
                                  nameOf(entry->getToken()),
                                  actionWord(attribute),
@@ -191,9 +192,9 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
             row.emplace_back(reason);
         table.rows.push_back(std::move(row));
     }
-    table.columns[6].hidden = table.columns[7].hidden = !hasFactors(type);
+    table.columns[6].hidden = table.columns[7].hidden = !factorsOfRule;
     section.table = std::move(table);
-    section.lines.push_back(hasFactors(type)
+    section.lines.push_back(factorsOfRule
                                 ? "sup/lead and inf/acc: a permanent action unfavourable and "
                                   "favourable, a variable one leading and "
                                   "accompanying; - where it does not act."

@@ -12,6 +12,7 @@
 
 #include <command/combination/Combinations.h>
 #include <command/names/Names.h>
+#include <command/verbs/RuleFactors.h>
 #include <command/verbs/Verbs.h>
 #include <command/vocabulary/Failure.h>
 
@@ -33,30 +34,6 @@ struct Asked {
     bool all = false;
 };
 
-/// A rule by the factors that it gives to each role. Permanent actions take their gamma, or 1.
-struct RuleRow {
-    InstructionType type;
-    const char* equation;
-    bool hasGamma;
-    bool leads;                         ///< one variable action leads
-    std::optional<Factor> leading;      ///< of the leading action; none: 1
-    std::optional<Factor> accompanying; ///< of the others
-    std::optional<ActionGroupType> event;
-};
-// clang-format off
-constexpr RuleRow ruleRows[] = {
-    {InstructionType::FUNDAMENTAL,         "EN 1990, 6.10",  true,  true,  {},            Factor::Psi0, {}                },
-    {InstructionType::ACCIDENTAL,          "EN 1990, 6.11b", false, true,  Factor::Psi1,  Factor::Psi2, ActionGroupType::A},
-    {InstructionType::EARTHQUAKE,          "EN 1990, 6.12b", false, false, {},            Factor::Psi2, ActionGroupType::E},
-    {InstructionType::EARTHQUAKE_RESPONSE, "EN 1990, 6.12b", false, false, {},            Factor::Psi2, ActionGroupType::E},
-    {InstructionType::CHARACTERISTIC,      "EN 1990, 6.14b", false, true,  {},            Factor::Psi0, {}                },
-    {InstructionType::RARE,                "EN 1990, 6.14b", false, true,  {},            Factor::Psi0, {}                },
-    {InstructionType::INFREQUENT,          "EN 1990, A2.1b", false, true,  Factor::Psi11, Factor::Psi1, {}                },
-    {InstructionType::FREQUENT,            "EN 1990, 6.15b", false, true,  Factor::Psi1,  Factor::Psi2, {}                },
-    {InstructionType::QUASI_PERMANENT,     "EN 1990, 6.16b", false, false, {},            Factor::Psi2, {}                },
-};
-// clang-format on
-
 std::string ruleWord(InstructionType rule)
 {
     return Standard::XMLUtil::get()->getStringToInstruction(rule);
@@ -71,21 +48,19 @@ std::string joined(const std::vector<std::string>& texts, const char* separator 
     return result;
 }
 
-RuleRow ruleAsked(const Asked& asked, Mode code)
+CombinationRule ruleAsked(const Asked& asked, Mode code)
 {
     const InstructionType type =
         folded(asked.rule) == "seismic" ? InstructionType::EARTHQUAKE : ruleNamed(asked.rule);
-    const auto* found = std::ranges::find(ruleRows, type, &RuleRow::type);
-    if (found == std::end(ruleRows)) {
+    const auto found = combinationRule(type, code);
+    if (!found) {
         std::vector<std::string> all;
-        for (const RuleRow& rule : ruleRows)
+        for (const CombinationRule& rule : combinationRules())
             all.push_back(ruleWord(rule.type));
         throw Failure("the rule \"" + asked.rule +
                       "\" has no formula of EN 1990. With one: " + joined(all));
     }
-    RuleRow rule = *found;
-    if (rule.event == ActionGroupType::A && code == Mode::SIA)
-        rule.leading = Factor::Psi2;
+    CombinationRule rule = *found;
     if (asked.leading.empty())
         return rule;
     if (rule.event != ActionGroupType::A)
@@ -536,7 +511,7 @@ private:
     Answer& answer_;
     Mode code_;
     Structure structure_;
-    RuleRow rule_;
+    CombinationRule rule_;
     std::vector<Member> members_;
     std::vector<Row> rows_;
     std::map<std::vector<double>, std::size_t> places_;

@@ -13,51 +13,41 @@ using Standard::InstructionType;
 namespace
 {
 
-/// Of a rule: what multiplies an action, each as the factors that are multiplied, "" for 1 and "-"
-/// for an action that does not act.
-struct RuleRow {
-    InstructionType rule;
-    const char* unfavourable;
-    const char* favourable;
-    const char* leading;
-    const char* accompanying;
+// clang-format off
+constexpr CombinationRule rules[] = {
+    {InstructionType::FUNDAMENTAL,         "EN 1990, 6.10",  true,  true,  {},            Factor::Psi0, {}                },
+    {InstructionType::ACCIDENTAL,          "EN 1990, 6.11b", false, true,  Factor::Psi1,  Factor::Psi2, ActionGroupType::A},
+    {InstructionType::EARTHQUAKE,          "EN 1990, 6.12b", false, false, {},            Factor::Psi2, ActionGroupType::E},
+    {InstructionType::EARTHQUAKE_RESPONSE, "EN 1990, 6.12b", false, false, {},            Factor::Psi2, ActionGroupType::E},
+    {InstructionType::CHARACTERISTIC,      "EN 1990, 6.14b", false, true,  {},            Factor::Psi0, {}                },
+    {InstructionType::RARE,                "EN 1990, 6.14b", false, true,  {},            Factor::Psi0, {}                },
+    {InstructionType::INFREQUENT,          "EN 1990, A2.1b", false, true,  Factor::Psi11, Factor::Psi1, {}                },
+    {InstructionType::FREQUENT,            "EN 1990, 6.15b", false, true,  Factor::Psi1,  Factor::Psi2, {}                },
+    {InstructionType::QUASI_PERMANENT,     "EN 1990, 6.16b", false, false, {},            Factor::Psi2, {}                },
 };
+// clang-format on
 
-constexpr RuleRow rules[] = {
-    {InstructionType::FUNDAMENTAL,     "gamma_sup", "gamma_inf", "gamma_sup", "gamma_sup psi0"},
-    {InstructionType::ACCIDENTAL,      "",          "",          "psi1",      "psi2"          },
-    {InstructionType::EARTHQUAKE,      "",          "",          "-",         "psi2"          },
-    {InstructionType::CHARACTERISTIC,  "",          "",          "",          "psi0"          },
-    {InstructionType::RARE,            "",          "",          "",          "psi0"          },
-    {InstructionType::INFREQUENT,      "",          "",          "psi11",     "psi1"          },
-    {InstructionType::FREQUENT,        "",          "",          "psi1",      "psi2"          },
-    {InstructionType::QUASI_PERMANENT, "",          "",          "-",         "psi2"          },
-};
-
-const RuleRow* rowOfRule(InstructionType rule)
+/// @param gamma none: 1
+/// @param psi none: 1
+RuleFactor product(std::optional<Factor> gamma, std::optional<Factor> psi, const SafetyFactors& set,
+                   const FactorSet& origins)
 {
-    const auto* row = std::ranges::find(rules, rule, &RuleRow::rule);
-    return row == std::end(rules) ? nullptr : row;
-}
-
-RuleFactor product(std::string formula, const SafetyFactors& set, const FactorSet& origins)
-{
-    if (formula == "-")
-        return {};
-    double value = 1;
-    std::string marks;
-    for (const FactorRow& factor : factors) {
-        const std::string words = " " + formula + " ";
-        if (words.find(" " + std::string(factor.key) + " ") == std::string::npos)
+    RuleFactor result{"", 1, ""};
+    for (const auto factor : {gamma, psi}) {
+        if (!factor)
             continue;
-        value *= (set.*factor.get)();
-        const char mark = statusMark(origins[factor.value].origin.status);
-        if (mark && marks.find(mark) == std::string::npos)
-            marks += mark;
+        const FactorRow& row = *std::ranges::find(factors, *factor, &FactorRow::value);
+        result.formula += (result.formula.empty() ? "" : " ") + std::string(row.key);
+        result.value *= (set.*row.get)();
+        const char mark = statusMark(origins[*factor].origin.status);
+        if (mark && result.marks.find(mark) == std::string::npos)
+            result.marks += mark;
     }
+    if (result.formula.empty())
+        result.formula = "1";
     // 1.5 times 0.7 is 1.05, and not the nearest number that a computer has.
-    value = std::round(value * 1e9) / 1e9;
-    return {formula.empty() ? "1" : std::move(formula), value, marks};
+    result.value = std::round(result.value * 1e9) / 1e9;
+    return result;
 }
 
 } // namespace
@@ -79,26 +69,40 @@ Part partOf(ActionGroupType group)
     }
 }
 
-bool hasFactors(InstructionType rule) { return rowOfRule(rule) != nullptr; }
+std::span<const CombinationRule> combinationRules() { return rules; }
 
-RuleFactors ruleFactors(InstructionType rule, Part part, Mode code, const SafetyFactors& set,
+std::optional<CombinationRule> combinationRule(InstructionType type, Mode code)
+{
+    const auto* found = std::ranges::find(rules, type, &CombinationRule::type);
+    if (found == std::end(rules))
+        return {};
+    CombinationRule rule = *found;
+    if (rule.event == ActionGroupType::A && code == Mode::SIA)
+        rule.leading = Factor::Psi2;
+    return rule;
+}
+
+RuleFactors ruleFactors(const CombinationRule& rule, Part part, const SafetyFactors& set,
                         const FactorSet& origins)
 {
-    const RuleRow* row = rowOfRule(rule);
-    if (!row)
-        return {};
+    const auto gamma = [&](Factor factor) {
+        return rule.hasGamma ? std::optional(factor) : std::nullopt;
+    };
+    const auto whole = [&](ActionGroupType event) {
+        return rule.event == event ? product({}, {}, set, origins) : RuleFactor{};
+    };
     switch (part) {
     case Part::Permanent:
-        return {product(row->unfavourable, set, origins), product(row->favourable, set, origins)};
-    case Part::Variable: {
-        const bool isSwiss = rule == InstructionType::ACCIDENTAL && code == Mode::SIA;
-        return {product(isSwiss ? "psi2" : row->leading, set, origins),
-                product(row->accompanying, set, origins)};
-    }
+        return {product(gamma(Factor::GammaSup), {}, set, origins),
+                product(gamma(Factor::GammaInf), {}, set, origins)};
+    case Part::Variable:
+        return {rule.leads ? product(gamma(Factor::GammaSup), rule.leading, set, origins)
+                           : RuleFactor{},
+                product(gamma(Factor::GammaSup), rule.accompanying, set, origins)};
     case Part::Accidental:
-        return {product(rule == InstructionType::ACCIDENTAL ? "" : "-", set, origins), {}};
+        return {whole(ActionGroupType::A), {}};
     case Part::Seismic:
-        return {product(rule == InstructionType::EARTHQUAKE ? "" : "-", set, origins), {}};
+        return {whole(ActionGroupType::E), {}};
     }
     return {};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
 
 #include <zelstandard/actions/ActionType.h>
@@ -30,10 +32,24 @@ struct RuleFactors {
     RuleFactor second;
 };
 
-/// False for a rule that has no factors of its own (fatigue, lists for programs).
-bool hasFactors(Standard::InstructionType rule);
+/// A rule by the factors that it gives to each role. Permanent actions take their gamma, or 1.
+struct CombinationRule {
+    Standard::InstructionType type;
+    const char* equation;
+    bool hasGamma;
+    bool leads;                         ///< one variable action leads
+    std::optional<Factor> leading;      ///< of the leading action; none: 1
+    std::optional<Factor> accompanying; ///< of the others
+    std::optional<Standard::ActionGroupType> event;
+};
+
+/// The rules that have factors; the others (fatigue, lists for programs) have none.
+std::span<const CombinationRule> combinationRules();
+/// As the code has it; nothing for a rule without factors.
+std::optional<CombinationRule> combinationRule(Standard::InstructionType type, Mode code);
+
 /// @param origins where the set's values come from, for the marks
-RuleFactors ruleFactors(Standard::InstructionType rule, Part part, Mode code,
-                        const SafetyFactors& set, const FactorSet& origins);
+RuleFactors ruleFactors(const CombinationRule& rule, Part part, const SafetyFactors& set,
+                        const FactorSet& origins);
 
 } // namespace command
