@@ -42,6 +42,7 @@ std::string withFallback(std::string hint, std::string_view fallback)
 std::vector<std::string> namesOf(const std::vector<const Form*>& forms)
 {
     std::vector<std::string> names;
+    names.reserve(forms.size());
     for (const Form* form : forms)
         names.emplace_back(form->name);
     return names;

@@ -100,6 +100,7 @@ Form word(std::string_view name, const WordKind& words, std::string_view fallbac
 std::vector<const Form*> allOf(const std::vector<Form>& forms)
 {
     std::vector<const Form*> all;
+    all.reserve(forms.size());
     for (const Form& form : forms)
         all.push_back(&form);
     return all;
@@ -168,6 +169,7 @@ Form listOf(std::string_view name, const std::vector<Form>& members)
 std::vector<Form> emptyElements(const std::vector<const char*>& names)
 {
     std::vector<Form> forms;
+    forms.reserve(names.size());
     for (const char* name : names)
         forms.push_back({.name = name});
     return forms;
