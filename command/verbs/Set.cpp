@@ -171,6 +171,7 @@ private:
     static std::vector<std::string_view> elementsOf(const std::vector<Wanted>& wanted)
     {
         std::vector<std::string_view> names;
+        names.reserve(wanted.size());
         for (const Wanted& value : wanted)
             names.emplace_back(value.factor->element);
         return names;
