@@ -138,7 +138,7 @@ int answerLine(const std::vector<std::string>& words, Session* session, const Op
                  "zelstandard");
     app.fallthrough();
     app.allow_windows_style_options(false); // "/data" is a path
-    app.require_subcommand(0, 1); // "settings set": the second word is no verb
+    app.require_subcommand(0, 1);           // "settings set": the second word is no verb
     app.set_help_all_flag("--help-all", "Print the help of all verbs");
     declareOptions(app, options);
     bool asksVersion = false;

@@ -72,9 +72,9 @@ public:
     void setServiceClass(int value) { serviceClass_ = value; }
 
     /// Registers a function to be told of a new classification, for the life of the process; once,
-    /// however often it is given. Null is taken and never called. One that is registered while others
-    /// are being called is told of the next change. While a settings file is read the function sees
-    /// the new mode, and the other settings still as they were.
+    /// however often it is given. Null is taken and never called. One that is registered while
+    /// others are being called is told of the next change. While a settings file is read the
+    /// function sees the new mode, and the other settings still as they were.
     void addCallbackFunction(ClassificationCallback function);
 
     [[nodiscard]] bool isBuildingClassification() const;
