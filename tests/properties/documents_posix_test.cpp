@@ -130,8 +130,9 @@ void fill(ActionTypeManager& catalogue, const Types& types)
             SafetyFactors& set = *made.giveFactors(
                 Mode{mode}, bridge == building ? Classification::BUILDING : Classification::BRIDGE,
                 BridgeType{bridge});
-            for (std::size_t i = 0; i < 9; ++i)
-                (set.*support::factorFields[i].set)(factors[i]);
+            std::size_t i = 0;
+            for (const auto& field : support::factorFields)
+                (set.*field.set)(factors[i++]);
         }
     }
 }
