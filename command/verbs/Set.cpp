@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <map>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -9,6 +8,7 @@
 #include <command/provenance/SafeFile.h>
 #include <command/provenance/TextEdits.h>
 #include <command/provenance/Ticks.h>
+#include <command/verbs/Differences.h>
 #include <command/verbs/Verbs.h>
 #include <command/vocabulary/Failure.h>
 
@@ -220,64 +220,15 @@ std::vector<const FactorRow*> alteredBesides(const FactorSet& before, const Fact
     return altered;
 }
 
-/// The difference of all values of a type, equal ones of several codes in one row.
-void addDifference(Answer& answer, const ActionValues& before, const ActionValues& after,
-                   Factor asked, Mode changed)
+/// What the change did to the values, in words where the table says too little or too much.
+void addDifference(Answer& answer, const ActionFile& before, const ActionFile& after,
+                   const ActionValues& type, Mode code)
 {
-    struct Change {
-        std::vector<Mode> codes;
-        std::vector<std::string> structures;
-    };
-    std::map<std::tuple<Factor, double, double, std::vector<Mode>>, Change> changes;
-    for (const FactorRow& factor : factors)
-        for (const StructureRow& structure : structures) {
-            std::map<std::pair<double, double>, std::vector<Mode>> codes;
-            for (const Mode code : allCodes()) {
-                const FactorSet* old = before.find(code, structure.value);
-                const FactorSet* now = after.find(code, structure.value);
-                if (old && now && (*old)[factor.value].number != (*now)[factor.value].number)
-                    codes[{(*old)[factor.value].number, (*now)[factor.value].number}].push_back(
-                        code);
-            }
-            for (const auto& [numbers, list] : codes) {
-                Change& change = changes[{factor.value, numbers.first, numbers.second, list}];
-                change.codes = list;
-                change.structures.emplace_back(structure.word);
-            }
-        }
-    Section& section = answer.section(before.word + "  " + nameOf(before.id));
-    if (!before.annexOf(changed)) {
-        section.lines.push_back(before.word + " was inactive under " + wordOf(changed) +
-                                ": all else is that of EC now.");
-        return;
-    }
-    if (changes.empty()) {
-        section.lines.emplace_back(
-            "The number was the same before; source and status are written.");
-        return;
-    }
-    section.table.emplace(Table{
-        {{"factor", "factor"},
-         {"before", "before"},
-         {"after", "after"},
-         {"codes", "codes"},
-         {"structures", "structures"}},
-        {}
-    });
-    for (const auto& [key, change] : changes) {
-        const FactorRow& row = rowOf(std::get<0>(key));
-        std::string codes;
-        for (const Mode code : change.codes)
-            codes += (codes.empty() ? "" : " ") + wordOf(code);
-        std::string names;
-        for (const std::string& structure : change.structures)
-            names += (names.empty() ? "" : " ") + structure;
-        section.table->rows.push_back({row.title, Cell(std::get<1>(key), row.decimals),
-                                       Cell(std::get<2>(key), row.decimals), codes, names});
-        if (change.codes.size() > 1 && change.codes.front() == Mode::EC && row.value == asked)
-            answer.note(std::to_string(change.codes.size() - 1) +
-                        " codes follow because they take " + row.title + " as EC.");
-    }
+    if (!type.annexOf(code))
+        answer.section(type.word + " was inactive under " + wordOf(code) +
+                       ": all else is that of EC now.");
+    else if (!addDifferences(answer, before, after))
+        answer.note("The number was the same before; source and status are written.");
 }
 
 /// What a check finds in the new text and not in the old one; stale ticks are told in words.
@@ -375,7 +326,7 @@ Answer answerSet(const Asked& asked, const Context& context)
 
     replaceFile(path, changed->text());
     context.data().loadActions(path);
-    addDifference(answer, *type, *after->find(action), factor.value, code);
+    addDifference(answer, before, *after, *type, code);
     addFindings(answer, document, changed);
     if (const Document* office = context.data().officeDocument()) {
         const ActionFile overlay(changed, context.data().officeShared());

@@ -22,11 +22,12 @@ BELOW = {
 # Headers above the folders.
 TOP = {"Export.h": "all", "flat.h": {"flat"}, "zelstandard.h": set()}
 ONLY_IN = {"pugixml": ("suite/xml/", "command/provenance/"), "sodium.h": ("suite/crypt/",),
-           "CLI/": ("command/main.cpp", "command/verbs/"), "nlohmann/": ("command/",)}
-# The command: verbs stand on the rest, which stands on the library alone.
+           "CLI/": ("command/main.cpp", "command/verbs/", "command/batch/"), "nlohmann/": ("command/",)}
+# The command: the batch stands on the verbs, these on the rest, which stands on the library alone.
 COMMAND = {"vocabulary": set(), "answer": {"vocabulary"}, "provenance": {"vocabulary"}, "names": {"vocabulary"},
            "combination": set(), "process": set(),
-           "check": {"vocabulary", "answer", "provenance", "names"}, "report": {"vocabulary", "answer", "provenance", "names"}}
+           "check": {"vocabulary", "answer", "provenance", "names"}, "report": {"vocabulary", "answer", "provenance", "names"},
+           "verbs": {"vocabulary", "answer", "provenance", "names", "combination", "process", "check", "report"}}
 SYSTEM = re.compile(r"^\s*#\s*if.*\b(_WIN32|__linux__|__unix__|__MINGW32__|_MSC_VER)\b", re.M)
 KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/",
                 "command/process/")

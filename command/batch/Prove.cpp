@@ -1,4 +1,4 @@
-#include <command/verbs/Prove.h>
+#include <command/batch/Prove.h>
 
 #include <ostream>
 

@@ -6,11 +6,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <command/batch/Prove.h>
+#include <command/batch/Statement.h>
 #include <command/names/Names.h>
 #include <command/provenance/SafeFile.h>
-#include <command/verbs/Library.h>
-#include <command/verbs/Process.h>
-#include <command/verbs/Prove.h>
 #include <command/verbs/Verbs.h>
 #include <command/vocabulary/Failure.h>
 
@@ -96,8 +95,7 @@ private:
         if (statement.words.back().starts_with("<<"))
             readText(statement);
         const Context context{options_, context_.session, context_.out, context_.err};
-        if (runOwn(statement.words) || runLibraryStatement(statement, context) ||
-            runProcessStatement(statement, context))
+        if (runOwn(statement.words) || runStatement(statement, context))
             return 0;
         if (statement.words.front() == "prove")
             return prove(context_, context_.out);
@@ -163,7 +161,7 @@ Question declareBatch(CLI::App& app)
 {
     auto path = std::make_shared<std::string>();
     app.add_option("FILE", *path, "The lines, else standard input");
-    app.footer(processStatements() + libraryStatements());
+    app.footer(statementsHelp());
     return [path](const Context& context) {
         if (context.session.isBatch)
             throw Failure("a batch holds no batch");
