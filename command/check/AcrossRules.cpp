@@ -37,6 +37,24 @@ std::map<std::string_view, const Element*> attributesOf(const CheckedFile& file)
     return found;
 }
 
+struct NamedAction {
+    const Element* attribute;
+    const Element* action;
+};
+
+/// The actions that the state attributes name.
+std::vector<NamedAction> namedActions(const CheckedFiles& files)
+{
+    std::vector<NamedAction> found;
+    for (const auto& file : files.files)
+        if (file->attributes)
+            for (const Element* attribute : file->attributes->children)
+                if (const Element* action = attribute->child("ACTIONTYPE");
+                    action && !action->text.empty() && action->text != "NONE")
+                    found.push_back({attribute, action});
+    return found;
+}
+
 /// The structures for which an attribute is offered.
 std::vector<const StructureRow*> offered(const Element& attribute)
 {
@@ -60,47 +78,32 @@ void unknownAction(const CheckedFiles& files, Report& report)
 {
     if (!files.actions)
         return;
-    for (const auto& file : files.files) {
-        if (!file->attributes)
-            continue;
-        for (const Element* attribute : file->attributes->children) {
-            const Element* action = attribute->child("ACTIONTYPE");
-            if (!action || action->text.empty() || action->text == "NONE")
-                continue;
-            const auto& types = files.actions->actions->types();
-            if (std::ranges::find(types, action->text, &ActionValues::word) == types.end())
-                report.atText(
-                    *action, files.actions->document->fileName() + " has no action " + action->text,
-                    "As it stands its factors are 1, psi21 and psi22 0");
-        }
-    }
+    const auto& types = files.actions->actions->types();
+    for (const auto& [attribute, action] : namedActions(files))
+        if (std::ranges::find(types, action->text, &ActionValues::word) == types.end())
+            report.atText(*action,
+                          files.actions->document->fileName() + " has no action " + action->text,
+                          "As it stands its factors are 1, psi21 and psi22 0");
 }
 
 void actionWithoutSet(const CheckedFiles& files, Report& report)
 {
     if (!files.actions)
         return;
-    for (const auto& file : files.files) {
-        if (!file->attributes)
+    for (const auto& [attribute, action] : namedActions(files)) {
+        const ActionValues* type =
+            files.actions->actions->find(XMLUtil::get()->getActionTypeIDToString(action->text));
+        if (!type)
             continue;
-        for (const Element* attribute : file->attributes->children) {
-            const Element* action = attribute->child("ACTIONTYPE");
-            const ActionValues* type =
-                action ? files.actions->actions->find(
-                             XMLUtil::get()->getActionTypeIDToString(action->text))
-                       : nullptr;
-            if (!type || action->text == "NONE")
-                continue;
-            std::string missing;
-            for (const StructureRow* row : offered(*attribute))
-                if (!type->find(Mode::EC, row->value))
-                    missing += (missing.empty() ? "" : ", ") + std::string(row->word);
-            if (!missing.empty() && type->annexOf(Mode::EC))
-                report.atText(*action,
-                              std::string(attribute->get("NAME")) + " is offered for " + missing +
-                                  ", where " + action->text + " has no factors",
-                              "As it stands its factors are 1 there, psi21 and psi22 0");
-        }
+        std::string missing;
+        for (const StructureRow* row : offered(*attribute))
+            if (!type->find(Mode::EC, row->value))
+                missing += (missing.empty() ? "" : ", ") + std::string(row->word);
+        if (!missing.empty() && type->annexOf(Mode::EC))
+            report.atText(*action,
+                          std::string(attribute->get("NAME")) + " is offered for " + missing +
+                              ", where " + action->text + " has no factors",
+                          "As it stands its factors are 1 there, psi21 and psi22 0");
     }
 }
 

@@ -97,6 +97,15 @@ Form word(std::string_view name, const WordKind& words, std::string_view fallbac
             .attributes = {{"ACCEPTED"}}};
 }
 
+Form integer(std::string_view name, std::string_view fallback)
+{
+    return {.name = name,
+            .content = Content::Integer,
+            .fallback = fallback,
+            .isRequired = true,
+            .attributes = {{"ACCEPTED"}}};
+}
+
 std::vector<const Form*> allOf(const std::vector<Form>& forms)
 {
     std::vector<const Form*> all;
@@ -187,11 +196,7 @@ const std::vector<Form> attributeForms = [] {
         word("CLASSIFICATION", classifications, "valid everywhere"),
         listOf("STANDARD", standardForms),
         listOf("BRIDGETYPE", bridgeForms),
-        {.name = "EXCLGROUP",
-                                     .content = Content::Integer,
-                                     .fallback = "0: no group",
-                                     .isRequired = true,
-                                     .attributes = {{"ACCEPTED"}}},
+        integer("EXCLGROUP", "0: no group"),
         word("COMBGROUP", combinationGroups, "0: no group"),
     };
     forms[4].mayBeEmpty = true;
@@ -211,23 +216,16 @@ const Form attributesForm{
 
 // ==== Settings document
 
-const std::vector<Form> settingForms = [] {
-    std::vector<Form> forms = {
-        word("STANDARD_MODE", codes, "no code"),
-        word("CLASSIFICATION_MODE", classifications, "BUILDING"),
-        word("BRIDGETYPE", bridgeTypes, "no bridge; factors are then those of ROADWAY"),
-        word("BUILDINGTYPE", buildingTypes, "none"),
-        word("DESIGNMATERIAL", materials, "none"),
-        word("SITUATION", situations, "PERSISTENT"),
-        word("DUCTILITY_CLASSIFICATION", ductilities, "DCL"),
-        {.name = "SERVICE_CLASS",
-                                                          .content = Content::Integer,
-                                                          .fallback = "1",
-                                                          .isRequired = true,
-                                                          .attributes = {{"ACCEPTED"}}},
-    };
-    return forms;
-}();
+const std::vector<Form> settingForms = {
+    word("STANDARD_MODE", codes, "no code"),
+    word("CLASSIFICATION_MODE", classifications, "BUILDING"),
+    word("BRIDGETYPE", bridgeTypes, "no bridge; factors are then those of ROADWAY"),
+    word("BUILDINGTYPE", buildingTypes, "none"),
+    word("DESIGNMATERIAL", materials, "none"),
+    word("SITUATION", situations, "PERSISTENT"),
+    word("DUCTILITY_CLASSIFICATION", ductilities, "DCL"),
+    integer("SERVICE_CLASS", "1"),
+};
 const Form settingsForm{
     .name = "SETTINGS", .attributes = {{"ACCEPTED"}}, .children = allOf(settingForms)};
 

@@ -27,10 +27,31 @@ std::string wordOf(Standard::StateAttributeToken token)
 /// Groups are numbers; 0 means none.
 Cell groupCell(int group) { return group == 0 ? Cell("-") : Cell(group, 0); }
 
-std::string actionWord(const StateAttribute* attribute)
+/// Of each state attribute, what holds in every rule.
+Table attributeTable()
+{
+    return {
+        {{"tag", "tag"},
+         {"name", "name", false, true},
+         {"action", "action"},
+         {"operator", "operator"},
+         {"exclusion", "excl"},
+         {"combination", "comb"}},
+        {}
+    };
+}
+
+/// @param attribute null for a tag that no attribute has
+std::vector<Cell> attributeRow(Standard::StateAttributeToken token, const std::string& operation,
+                               const StateAttribute* attribute)
 {
     const Standard::ActionType* action = attribute ? attribute->getActionType() : nullptr;
-    return action ? command::wordOf(action->getId()) : "-";
+    return {wordOf(token),
+            nameOf(token),
+            action ? command::wordOf(action->getId()) : "-",
+            operation,
+            groupCell(attribute ? attribute->getExclGroup() : 0),
+            groupCell(attribute ? attribute->getCombGroup() : 0)};
 }
 
 Answer answerAttributes(bool all, const Context& context)
@@ -47,15 +68,7 @@ Answer answerAttributes(bool all, const Context& context)
                 {"code",      command::wordOf(code)     },
                 {"structure", command::wordOf(structure)}
             };
-            Table table{
-                {{"tag", "tag"},
-                 {"name", "name", false, true},
-                 {"action", "action"},
-                 {"operator", "operator"},
-                 {"exclusion", "excl"},
-                 {"combination", "comb"}},
-                {}
-            };
+            Table table = attributeTable();
             if (all)
                 table.columns.push_back({"rejected_by", "rejected by"});
             std::size_t active = 0;
@@ -64,12 +77,8 @@ Answer answerAttributes(bool all, const Context& context)
                 active += reason.empty() ? 1 : 0;
                 if (!reason.empty() && !all)
                     continue;
-                std::vector<Cell> row = {wordOf(attribute->getToken()),
-                                         nameOf(attribute->getToken()),
-                                         actionWord(attribute),
-                                         operatorWord(attribute->getOperator()),
-                                         groupCell(attribute->getExclGroup()),
-                                         groupCell(attribute->getCombGroup())};
+                auto row = attributeRow(attribute->getToken(),
+                                        operatorWord(attribute->getOperator()), attribute);
                 if (all)
                     row.emplace_back(reason);
                 table.rows.push_back(std::move(row));
@@ -147,17 +156,11 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
         section.lines.emplace_back("The template has no such rule.");
         return;
     }
-    Table table{
-        {{"tag", "tag"},
-         {"name", "name", false, true},
-         {"action", "action"},
-         {"operator", "operator"},
-         {"exclusion", "excl"},
-         {"combination", "comb"},
-         {"first", "sup/lead"},
-         {"second", "inf/acc"}},
-        {}
-    };
+    Table table = attributeTable();
+    table.columns.insert(table.columns.end(), {
+                                                  {"first",  "sup/lead"},
+                                                  {"second", "inf/acc" }
+    });
     if (all)
         table.columns.push_back({"rejected_by", "rejected by"});
     const auto factorsOfRule = combinationRule(type, standard.getMode());
@@ -180,14 +183,8 @@ void addRule(Answer& answer, const Context& context, Standard::InstructionType t
         if (set && origins && factorsOfRule)
             applied =
                 ruleFactors(*factorsOfRule, partOf(action->getActionGroupId()), *set, *origins);
-        std::vector<Cell> row = {wordOf(entry->getToken()),
-                                 nameOf(entry->getToken()),
-                                 actionWord(attribute),
-                                 operatorWord(entry->getOperator()),
-                                 groupCell(attribute ? attribute->getExclGroup() : 0),
-                                 groupCell(attribute ? attribute->getCombGroup() : 0),
-                                 factorCell(applied.first),
-                                 factorCell(applied.second)};
+        auto row = attributeRow(entry->getToken(), operatorWord(entry->getOperator()), attribute);
+        row.insert(row.end(), {factorCell(applied.first), factorCell(applied.second)});
         if (all)
             row.emplace_back(reason);
         table.rows.push_back(std::move(row));
