@@ -41,14 +41,19 @@ void addKind(Answer& answer, const Context& context, Mode code, const char* titl
     for (const MaterialRow& row : materialTables) {
         if (!isOfKind(row))
             continue;
-        const auto columns = columnsOf(row);
+        auto columns = columnsOf(row);
+        std::size_t first = 0;
+        if (row.gamma && !context.options.situation.empty()) {
+            first = static_cast<std::size_t>(ZelStandard::get()->getSituation());
+            columns = columns.subspan(first, 1);
+        }
         if (table.columns.size() == 2)
             for (const char* column : columns)
                 table.columns.push_back(row.control ? Column{"value", "value"}
                                                     : Column{column, column});
         std::vector<Cell> cells = {row.table, nameOf(row)};
         for (std::size_t column = 0; column < columns.size(); ++column)
-            cells.push_back(cellOf(context, row, code, column));
+            cells.push_back(cellOf(context, row, code, first + column));
         table.rows.push_back(std::move(cells));
     }
     section.table = std::move(table);

@@ -160,11 +160,13 @@ Question declareSettings(CLI::App& app)
     auto words = std::make_shared<std::vector<std::string>>();
     app.add_option("WORDS", *words, "show, or set SETTING VALUE")->expected(0, 3);
     return [words](const Context& context) {
-        if (words->empty() || words->front() == "show")
+        if (words->empty() || *words == std::vector<std::string>{"show"})
             return answerShow(context);
         if (words->front() == "set")
             return answerSet(*words, context);
-        throw Failure("settings knows show and set, not \"" + words->front() + "\"");
+        throw Failure(words->front() == "show"
+                          ? "settings show shows all of them; it takes no more words"
+                          : "settings knows show and set, not \"" + words->front() + "\"");
     };
 }
 

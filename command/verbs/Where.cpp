@@ -10,7 +10,7 @@ namespace command
 namespace
 {
 
-std::vector<Cell> rowOf(const std::string& what, const std::string& path)
+std::vector<Cell> rowOf(const std::string& what, const std::string& path, Answer& answer)
 {
     if (!Tools::File::exists(path))
         return {what, path, "-", "missing"};
@@ -18,11 +18,14 @@ std::vector<Cell> rowOf(const std::string& what, const std::string& path)
         const auto document = Document::read(path);
         const Element* root = document->root();
         const std::string form = document->isEnciphered() ? "enciphered" : "plain";
-        if (!root)
+        if (!root) {
+            answer.note("Why " + path + " is no document: zelstandard check " + path);
             return {what, path, "-", form + ", no document"};
+        }
         const std::string version(root->get("VERSION"));
         return {what, path, version.empty() ? "-" : version, form};
-    } catch (const Failure&) {
+    } catch (const Failure& failure) {
+        answer.note(failure.what());
         return {what, path, "-", "cannot be read"};
     }
 }
@@ -42,7 +45,7 @@ Answer answerWhere(const Context& context)
     for (const auto& [what, path] :
          {std::pair("actions", data.actionsPath()), std::pair("attributes", data.attributesPath()),
           std::pair("settings", data.settingsPath()), std::pair("office", data.officePath())})
-        section.table->rows.push_back(rowOf(what, path));
+        section.table->rows.push_back(rowOf(what, path, answer));
     // The folder stands in the heading.
     if (!context.isMachineRead())
         for (auto& row : section.table->rows)
