@@ -46,8 +46,11 @@ void setLocale(const Call& call)
         names = {"de_DE.UTF-8",         "de_DE.utf8",     "de_DE",
                  "German_Germany.1252", "German_Germany", "de-DE"};
     std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
+    std::ostringstream number;
+    number << 1234.5;
     for (const std::string& name : names)
-        if (std::setlocale(LC_ALL, name.c_str()) && *std::localeconv()->decimal_point == ',')
+        if (std::setlocale(LC_ALL, name.c_str()) && *std::localeconv()->decimal_point == ',' &&
+            number.str() == "1.234,5")
             return;
     throw Failure("the system has no locale \"" + call[1] + "\" with a decimal comma");
 }

@@ -102,15 +102,16 @@ void MaterialFile::readTable(const MaterialRow& table, const Element& element)
             const auto given = values_.find({
                 &table, {code, column}
             });
-            if (given == values_.end())
-                continue;
-            const Value from = given->second;
+            // What EC does not give, it gives as 0 to those that already have a value.
+            const bool isGiven = given != values_.end();
+            Value from = isGiven ? given->second : Value();
+            if (!isGiven)
+                from.element = annex;
             for (const Mode heir : allCodes()) {
-                if (heir == Mode::EC)
+                const std::pair key(&table, std::pair(heir, column));
+                if (heir == Mode::EC || (!isGiven && !values_.contains(key)))
                     continue;
-                Value& to = values_[{
-                    &table, {heir, column}
-                }];
+                Value& to = values_[key];
                 to.number = from.number;
                 to.element = from.element;
                 to.place = nullptr;

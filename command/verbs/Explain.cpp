@@ -261,8 +261,9 @@ void explainMaterial(Answer& answer, const Asked& asked, const Context& context)
                 2));
         section.chain.back().value.marks = cellOf(value, 2).marks;
         if (value.isCopy)
-            section.lines.push_back(wordOf(code) +
-                                    " gives no value: the annex EC gives its own to all codes.");
+            section.lines.push_back(
+                wordOf(code) + (value.steps.size() == 1 ? " gives no value" : " stands before it") +
+                ": the annex EC gives its own to all codes.");
         else if (table.control && code != Mode::EC && code != Mode::DIN_1988)
             section.lines.push_back("All codes but DIN-1988 share one record of control values.");
         if (!value.origin.note.empty())

@@ -37,6 +37,7 @@ TEST(ActionType, AComparisonSeesOnlyTheSetsOfTheLeftOperand)
         {[](ActionType& t) { t.giveFactors(Mode::BS, building, roadway); },             false},
         {[](ActionType& t) { t.giveFactors(Mode::BS, bridge, roadway); },               false},
         {[](ActionType& t) { t.giveFactors(Mode::EC, bridge, BridgeType::RAILWAY1); },  false},
+        {[](ActionType& t) { t.giveFactors(Mode::EC, bridge, BridgeType{0}); },         false},
     };
     ActionType type(ActionType::Id::SNOW);
     type.giveFactors(Mode::EC, building, roadway);
@@ -61,6 +62,7 @@ TEST(ActionType, ACopyIsDeep)
     type.setLoadDurationClass(LoadDuration::SHORTTERM);
     *type.giveFactors(Mode::EC, building, roadway) = SafetyFactors(1);
     *type.giveFactors(Mode::BS, bridge, BridgeType::FOOTBRIDGE2) = SafetyFactors(2);
+    *type.giveFactors(Mode::BS, bridge, BridgeType{0}) = SafetyFactors(3);
     const std::string before = sets(type);
 
     const ActionType constructed(type);

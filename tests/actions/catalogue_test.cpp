@@ -86,6 +86,8 @@ TEST(Catalogue, FindsTheFirstOfAnIdentityAndMakesWhatIsMissingButNone)
     *made = ActionType(ActionType::Id::T); // an assignment changes the identity
     EXPECT_EQ(catalogue.findActionType(ActionType::Id::T), made);
     EXPECT_EQ(catalogue.findActionType(ActionType::Id::P), catalogue.getActionTypes()[1]);
+    const ActionType* const other = catalogue.giveActionType(ActionType::Id{99}); // no member
+    EXPECT_EQ(catalogue.giveActionType(ActionType::Id{99}), other);
 }
 
 TEST(Catalogue, ReplacingAssignsToTheFirstOfTheIdentity)

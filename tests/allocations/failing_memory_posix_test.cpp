@@ -24,7 +24,7 @@ namespace
 /// @param check called after each call; true when an allocation failed
 void withEachFailing(const std::function<void()>& action, const std::function<void(bool)>& check)
 {
-    pugi::set_memory_management_functions(support::allocate, std::free);
+    pugi::set_memory_management_functions(support::allocate, support::release);
     for (std::size_t others = 0;; ++others) {
         SCOPED_TRACE(others);
         bool threw = false;
@@ -171,7 +171,13 @@ TEST(FailingMemory, LetsRulesBeReadAgain)
     const std::size_t expected = countOf(StateInstructionManager(nullptr));
     ASSERT_GT(expected, 1000U);
     std::size_t count = 0;
-    withEachFailing([&] { count = countOf(StateInstructionManager(nullptr)); }, [](bool) {});
+    std::size_t inUse = 0;
+    const auto construct = [&] {
+        inUse = support::allocationsInUse();
+        count = countOf(StateInstructionManager(nullptr));
+    };
+    withEachFailing(construct,
+                    [&](bool) { EXPECT_EQ(support::allocationsInUse(), inUse) << "a leak"; });
     EXPECT_EQ(count, expected);
 
     StateInstructionManager rules(nullptr);

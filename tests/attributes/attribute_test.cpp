@@ -49,6 +49,10 @@ TEST(Attribute, HasASetAndABitFieldForEachValidity)
             (attribute.*add)(Value{value});
         EXPECT_FALSE((attribute.*isForAll)());
         EXPECT_TRUE((attribute.*has)(Value{1}) && (attribute.*has)(Value{2}));
+        for (const int value : {-4, 29, 40, 40}) { // no bit stands for them
+            (attribute.*add)(Value{value});
+            EXPECT_TRUE((attribute.*has)(Value{value}));
+        }
         EXPECT_EQ((attribute.*bitField)(), 16 + 32) << "once, however often it was added";
         EXPECT_EQ(attribute.getStandardBitField() + attribute.getClassificationBitField() +
                       attribute.getBridgeTypeBitField(),
@@ -56,7 +60,8 @@ TEST(Attribute, HasASetAndABitFieldForEachValidity)
             << "the other two sets stay empty";
         (attribute.*clear)();
         EXPECT_EQ((attribute.*bitField)(), 0);
-        EXPECT_FALSE((attribute.*has)(Value{1})) << "not even when it is valid for all";
+        for (const int value : {1, 40})
+            EXPECT_FALSE((attribute.*has)(Value{value})) << "not even when it is valid for all";
     };
     using A = StateAttribute;
     expectSet(&A::addStandard, &A::hasStandard, &A::getStandardBitField, &A::isValidForAllStandards,

@@ -2,15 +2,15 @@
 
 usage: run.py [--refresh | --comma] FOLDER-OR-FILE COMMAND...
 
-A case is a line "$ zelstandard ARGUMENT...", the lines of its standard input behind "<<END" if it has any,
-and what is expected: lines of standard output, lines of standard error behind "! ", and "? STATUS" unless
-that is 0. Lines that begin with "## " are for the reader. In front of a case "@ FILE <<END" writes a file of the
-lines up to END (\\xHH is a byte), "@ pipe FILE" makes a pipe, "@ large FILE" a file of 100 MB, "@ readonly
-FILE" takes the right to write; "$ changed FILE" shows by what lines a file differs from the shipped one. The cases
-of a file run one after another in one empty folder, in which "data" is a copy of the shipped data. COMMAND is the
-program, an emulator in front of it, which leaves out the files *_posix.txt. With --refresh the answers become the
-expectations: read the difference. With --comma a decimal comma is in force in each batch, which is an error where the
-system has none, and the answers have to be the same.
+A case is a line "$ zelstandard ARGUMENT...", the lines of its standard input behind "<<END" if it has any, and what
+is expected: lines of standard output, lines of standard error behind "! ", and "? STATUS" unless that is 0. Lines
+that begin with "## " are for the reader. In front of a case "@ FILE <<END" writes a file of the lines up to END
+(\\xHH is a byte), "@ pipe FILE" makes a pipe, "@ large FILE" a file of 100 MB, "@ deep FILE" one of 1001 elements
+within one another, "@ readonly FILE" takes the right to write; "$ changed FILE" shows by what lines a file differs
+from the shipped one. The cases of a file run one after another in one empty folder, in which "data" is a copy of the
+shipped data. COMMAND is the program, an emulator in front of it, which leaves out the files *_posix.txt. With
+--refresh the answers become the expectations: read the difference. With --comma a decimal comma is in force in each
+batch, which is an error where the system has none, and the answers have to be the same.
 """
 
 import difflib
@@ -59,6 +59,8 @@ def make(folder, kind, name, lines=()):
         os.mkfifo(path)
     elif kind == "readonly":
         path.chmod(0o444)
+    elif kind == "deep":
+        path.write_bytes(b"<A>" * 1001 + b"</A>" * 1001)
     elif kind == "large":
         path.touch()
         os.truncate(path, 100 << 20)
@@ -89,6 +91,8 @@ def trimmed(lines):
 
 def answer_with_comma(command, words, given, folder):
     if words[-1:] != ["batch"]:
+        if "batch" in words:
+            sys.exit("a batch with a word behind it would run without the comma: " + " ".join(words))
         return answer(command, words, given, folder)
     return [re.sub(r"^! line (\d+)", lambda line: f"! line {int(line[1]) - 1}", line)
             for line in answer(command, words, ["locale german", *given], folder)]
@@ -107,7 +111,7 @@ def run(path, command, refresh, comma):
             shown.append("\n".join([*heading, *found]).rstrip("\n") + "\n")
             if found != trimmed(expected) and not refresh:
                 wrong += 1
-                print(f"{path}: {heading[-1] if not given else heading[0]}")
+                print(f"FAILED {path.stem}: {heading[-1] if not given else heading[0]}")
                 print("\n".join([*difflib.unified_diff(trimmed(expected), found, lineterm="", n=1)][2:]))
     if refresh:
         path.write_text("\n".join(shown), encoding="utf-8")
@@ -119,7 +123,9 @@ def main():
     place, *command = [word for word in sys.argv[1:] if word not in ("--refresh", "--comma")]
     command = [str(pathlib.Path(word).resolve()) if pathlib.Path(word).exists() else word for word in command]
     files = sorted(pathlib.Path(place).rglob("*.txt")) if pathlib.Path(place).is_dir() else [pathlib.Path(place)]
-    files = [file for file in files if not (file.stem.endswith("_posix") and len(command) > 1)]
+    if len(command) > 1:  # an emulator
+        print(*(f"{file.stem} skipped" for file in files if file.stem.endswith("_posix")))
+        files = [file for file in files if not file.stem.endswith("_posix")]
     results = [run(path, command, refresh, comma) for path in files]
     count, wrong = map(sum, zip(*results))
     print(f"{count} cases, {wrong} differ" + (f"; refresh: {shlex.join([sys.argv[0], '--refresh', *sys.argv[1:]])}"

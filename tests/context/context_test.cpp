@@ -10,6 +10,8 @@ using namespace Standard;
 TEST(DurabilityClasses, AreFoundByTheirExactNames)
 {
     const support::FreshContext context;
+    ASSERT_FALSE(context->getRequirementClasses().empty() ||
+                 context->getExposureClasses().empty() || context->getRequirements().empty());
     for (RequirementClass* requirement : context->getRequirementClasses())
         EXPECT_EQ(context->findRequirementClass(requirement->getName()), requirement);
     for (const char name : {'a', 'G', '\0'})

@@ -50,6 +50,11 @@ TEST_F(OutputStream, PutsItsTextInTheTargetsPlaceWhenItIsDestroyed)
         << "nothing else is left in the directory";
 }
 
+TEST_F(OutputStream, WithoutAPathTakesNothing)
+{
+    EXPECT_FALSE(zelofstream(nullptr, std::ios::out).stream() << "lost");
+}
+
 TEST_F(OutputStream, ContinuesTheTargetInAppendMode)
 {
     write("first\n", std::ios::app);

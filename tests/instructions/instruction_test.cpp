@@ -120,6 +120,22 @@ TEST_F(Instructions, TakeTheTypesThatTheAttributeCatalogueKnows)
     EXPECT_EQ(made->getOperator(), Operator::AND_MINMAX) << "that of the first mention";
 }
 
+TEST_F(Instructions, AreReadWhereTokensAreNoMembersAndAttributesAreMissing)
+{
+    StateAttributeManager attributes(nullptr);
+    for (const Token token : {Token{-1}, Token{200}})
+        attributes.giveStateAttribute(Token::SNOW, ActionTypeId::NONE)->setToken(token);
+    StateInstructionManager catalogue(&attributes);
+    StateInstruction* rare = catalogue.giveStateInstruction(InstructionType::RARE, inBuildings);
+    rare->addAttribute(nullptr);
+    std::istringstream stream(R"(<STATEINSTRUCTIONS><R TYPE="RARE" TEMPLATE="EC-BUILDING">)"
+                              R"(<STATEATTRIBUTES><E NAME="G1"/></STATEATTRIBUTES></R>)"
+                              "</STATEINSTRUCTIONS>");
+    StateInstructionReader(&catalogue).readXml(stream);
+    ASSERT_EQ(rare->getAttributes().size(), 2U);
+    EXPECT_EQ(rare->getAttributes()[1]->getToken(), Token::G1);
+}
+
 TEST_F(Instructions, AreSharedByTheCopiesOfTheirCatalogue)
 {
     StateAttributeManager attributes(nullptr);

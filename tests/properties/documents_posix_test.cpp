@@ -600,6 +600,8 @@ TEST(Documents, OfAnyStateAreReadAgainAsItWas)
             RC_ASSERT(support::build(tree, documents.back()));
             Library library;
             library.read(tree);
+            RC_ASSERT(library.types.getActionTypes().size() == state.types.size());
+            RC_ASSERT(library.attributes->getAttributes().size() == state.attributes.size());
             if (time == 0)
                 read = library.text(state, allRooms);
             documents.push_back(writtenAnew(std::move(library)));
@@ -639,5 +641,31 @@ TEST(Documents, OfOthersKeepWhatIsTheirsAndGiveWhatWasWritten)
         for (const Text& number : ownToBeKept(before.getRoot(), tree.getRoot()))
             if (!left.contains(number))
                 RC_FAIL("own element " + number + " is lost");
+    }));
+}
+
+TEST(Documents, CutOrDamagedDoNoHarm)
+{
+    const support::FreshContext context;
+    EXPECT_TRUE(rc::check([] {
+        const Text document = AnyDocument()();
+        const auto anywhere = [&] {
+            return static_cast<std::size_t>(below(static_cast<int>(document.size())));
+        };
+        ZelXmlTree cut;
+        RC_ASSERT(!support::build(cut, document.substr(0, anywhere())) && !cut.getRoot());
+
+        Text damaged = document;
+        for (int count = 1 + below(6); count > 0; --count)
+            damaged[anywhere()] = static_cast<char>(maybe() ? below(256) : "<>/='&"[below(6)]);
+        RC_LOG() << damaged << "\n";
+        ZelXmlTree tree;
+        const bool isRead = support::build(tree, damaged);
+        RC_ASSERT(isRead == (tree.getRoot() != nullptr));
+        Library library;
+        library.read(tree);
+        library.write(tree, allRooms);
+        ZelXmlTree again;
+        RC_ASSERT(support::build(again, support::raw(tree)));
     }));
 }

@@ -8,13 +8,23 @@ namespace
 {
 
 std::atomic<std::size_t> count = 0;
+std::atomic<std::size_t> inUse = 0;
 std::size_t failing = 0; // its number; 0 for none
 
 } // namespace
 
 void* support::allocate(std::size_t size)
 {
-    return ++count == failing ? nullptr : std::malloc(size ? size : 1);
+    if (++count == failing)
+        return nullptr;
+    ++inUse;
+    return std::malloc(size ? size : 1);
+}
+
+void support::release(void* memory)
+{
+    inUse -= memory ? 1 : 0;
+    std::free(memory);
 }
 
 // noinline: compilers must not pair a visible malloc with a delete expression.
@@ -25,11 +35,15 @@ void* support::allocate(std::size_t size)
     throw std::bad_alloc();
 }
 
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { support::release(memory); }
 
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
+{
+    support::release(memory);
+}
 
 std::size_t support::allocations() { return count; }
+std::size_t support::allocationsInUse() { return inUse; }
 
 void support::failAfter(std::size_t others) { failing = count + others + 1; }
 

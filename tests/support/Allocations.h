@@ -9,8 +9,12 @@ namespace support
 /// Allocations.cpp.
 std::size_t allocations();
 
-/// What operator new allocates with, for other libraries' functions; null on failure.
+/// How many of them are not freed.
+std::size_t allocationsInUse();
+
+/// What operator new and delete call, for other libraries' functions; null on failure.
 void* allocate(std::size_t size);
+void release(void* memory);
 
 /// Lets one allocation fail: the one that so many others precede.
 void failAfter(std::size_t others);

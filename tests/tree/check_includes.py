@@ -27,7 +27,8 @@ ONLY_IN = {"pugixml": ("suite/xml/", "command/provenance/"), "sodium.h": ("suite
 COMMAND = {"vocabulary": set(), "answer": {"vocabulary"}, "provenance": {"vocabulary"}, "names": {"vocabulary"},
            "combination": set(), "process": set(),
            "check": {"vocabulary", "answer", "provenance", "names"}, "report": {"vocabulary", "answer", "provenance", "names"},
-           "verbs": {"vocabulary", "answer", "provenance", "names", "combination", "process", "check", "report"}}
+           "verbs": {"vocabulary", "answer", "provenance", "names", "combination", "process", "check", "report"},
+           "batch": {"vocabulary", "answer", "provenance", "names", "verbs"}}
 SYSTEM = re.compile(r"^\s*#\s*if.*\b(_WIN32|__linux__|__unix__|__MINGW32__|_MSC_VER)\b", re.M)
 KNOWS_SYSTEM = ("src/zelstandard/Export.h", "src/zelstandard/platform/WindowsFiles.h", "suite/files/",
                 "command/process/")
@@ -50,7 +51,7 @@ def faults(root):
                     yield f"{where}: only {' and '.join(place)} may include {library}"
             if target.startswith("command/"):
                 own, folder = name.split("/")[1], target.split("/")[1]
-                if own in COMMAND and folder != own and folder not in COMMAND[own]:
+                if "." not in own and folder != own and folder not in COMMAND[own]:
                     yield f"{where}: {own} may not include {folder}"
             if not target.startswith("zelstandard/"):
                 continue
@@ -62,7 +63,7 @@ def faults(root):
                     yield f"{where}: the suite may include platform alone, not {target}"
                 continue
             own = name.split("/")[2]
-            if own not in BELOW:
+            if "." in own:
                 continue  # a header above the folders
             if folder in TOP:
                 if TOP[folder] != "all" and own not in TOP[folder]:

@@ -26,7 +26,8 @@ def main():
     command, data = sys.argv[1:]
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as directory:
         page = pathlib.Path(directory) / "report.html"
-        for language, words in {"en": ("Wind loads", "road bridge", "own value BS"),
+        for language, words in {"en": ("Wind loads", "road bridge", "own value BS",
+                                       'LW|2" style="--psi:50%" title="differs from EC"'),
                                 "de": ("Windlasten", "Straßenbrücke", "eigener Wert BS")}.items():
             subprocess.run([command, "report", page, "--data", data, "--code", "EC,BS", "--for", "building,road",
                             "--lang", language], check=True, timeout=60)
