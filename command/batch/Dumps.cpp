@@ -127,8 +127,9 @@ void dumpControl(const Call& call)
                    << (Control::getInternalFactor(code) ? "true" : "false") << '\n';
 }
 
-/// "dump words [WORD ...]": of each enumeration what an unknown word means; then value, word, and
-/// which others of all words, and of the given ones, mean the same.
+/// "dump words [WORD ...]": of each enumeration what an unknown word means; then each value that
+/// does not have just one word of its own, its word, and which others of all words, and of the
+/// given ones, mean the same. The instants, of which no schema tells the words, all.
 void dumpWords(const Call& call)
 {
     constexpr int first = -2;
@@ -149,7 +150,8 @@ void dumpWords(const Call& call)
             for (const std::string& other : words)
                 if (value != unknown && other != word && e.value(other) == value)
                     line += " " + other;
-            if (!line.empty())
+            const bool isPlain = line == " " + word && e.name != std::string_view("instant");
+            if (!line.empty() && !isPlain)
                 call.out() << e.name << ' ' << numberText(value) << line << '\n';
         }
     }

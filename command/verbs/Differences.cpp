@@ -171,8 +171,9 @@ public:
         else
             addTables(answer);
         if (namesCodes_ && otherOrigins_ != 0)
-            answer.note(std::to_string(otherOrigins_) +
-                        " values have the same number and another source or status.");
+            answer.note((otherOrigins_ == 1 ? "1 value has"
+                                            : std::to_string(otherOrigins_) + " values have") +
+                        std::string(" the same number and another source or status."));
     }
 
 private:
