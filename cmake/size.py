@@ -18,6 +18,6 @@ def lines(root, folders):
 
 
 root, limit = pathlib.Path(sys.argv[1]), int(sys.argv[2]) if len(sys.argv) > 2 else None
-tests, code = lines(root, ["tests"]), lines(root, ["src", "suite", "command", "python"])
+tests, code = lines(root, ["tests"]), lines(root, ["src", "suite", "command"])
 print(f"tests: {tests} lines for {code} of code, {100 * tests / code:.0f} %")
 sys.exit(1 if limit is not None and 100 * tests > limit * code else 0)

@@ -11,7 +11,7 @@
 #include "support/Documents.h"
 
 /// @file
-/// All coefficients alike, from documents and as text to compare.
+/// All coefficients alike, and as text to compare.
 
 namespace support
 {
@@ -63,8 +63,6 @@ inline constexpr Coefficient coefficients[] = {
 
 /// The last key that files hold.
 inline constexpr int lastKey = 2;
-
-inline const Coefficient& gammaC = coefficients[1];
 
 /// The values of EC and of each code that differs: "1.5 1.2 1.5; DIN-2008 1.5 1.3 1.5".
 inline std::string values(const Coefficient& coefficient)

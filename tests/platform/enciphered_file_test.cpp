@@ -18,14 +18,6 @@ namespace
 const std::string passphrase = "kT$WqRmYdNc4";
 const std::string firstLine = "zelstandard-enciphered 1\n";
 
-std::string encrypted(const std::string& text)
-{
-    std::istringstream plain(text);
-    std::ostringstream enciphered;
-    EXPECT_TRUE(zelsuite::encrypt(plain, enciphered, passphrase));
-    return enciphered.str();
-}
-
 /// Bytes among which no two chunks are alike.
 std::string textOfSize(std::size_t size)
 {
@@ -65,7 +57,7 @@ TEST_F(EncipheredFile, ComesBackAsItWasAtEverySizeAroundTheChunks)
 {
     for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 200000U}) {
         const std::string text = textOfSize(size);
-        EXPECT_TRUE(decrypted(encrypted(text)) == "text: " + text) << size;
+        EXPECT_TRUE(decrypted(support::enciphered(text)) == "text: " + text) << size;
     }
 }
 
@@ -79,8 +71,8 @@ TEST_F(EncipheredFile, KeepsItsForm)
 
 TEST_F(EncipheredFile, IsNeverEncipheredAlikeTwice)
 {
-    const std::string one = encrypted("same text");
-    const std::string two = encrypted("same text");
+    const std::string one = support::enciphered("same text");
+    const std::string two = support::enciphered("same text");
     ASSERT_EQ(one.size(), firstLine.size() + 24 + 9 + 17);
     ASSERT_EQ(one.size(), two.size());
     for (std::size_t i = firstLine.size(); i < one.size(); i += 10)
@@ -89,7 +81,7 @@ TEST_F(EncipheredFile, IsNeverEncipheredAlikeTwice)
 
 TEST_F(EncipheredFile, IsRefusedWithAnotherKeyOrOneByteFlippedAnywhereOrCutOrContinued)
 {
-    const std::string file = encrypted("<SMOD/>");
+    const std::string file = support::enciphered("<SMOD/>");
     for (const std::string key : {"kT$WqRmYdNc5", "kT$WqRmYdNc", "kT$WqRmYdNc44", ""})
         EXPECT_EQ(decrypted(file, key), "refused") << key;
     for (std::size_t i = 0; i < file.size(); ++i) {
@@ -105,7 +97,7 @@ TEST_F(EncipheredFile, IsRefusedWithAnotherKeyOrOneByteFlippedAnywhereOrCutOrCon
 TEST_F(EncipheredFile, PutsNothingOutWhenOnlyALaterChunkIsWrong)
 {
     const std::size_t chunk = 65536 + 17;
-    const std::string file = encrypted(textOfSize(3 * 65536));
+    const std::string file = support::enciphered(textOfSize(3 * 65536));
     const std::size_t start = file.size() - 3 * chunk;
 
     std::string damaged = file;
@@ -124,7 +116,8 @@ TEST_F(EncipheredFile, IsKnownByItsFirstLineAlone)
 {
     EXPECT_TRUE(isEncrypted(firstLine)); // and is still no file that can be deciphered
     EXPECT_EQ(decrypted(firstLine + std::string(100000, 'a')), "refused");
-    const std::string later = "zelstandard-enciphered 2\n" + encrypted("").substr(firstLine.size());
+    const std::string later =
+        "zelstandard-enciphered 2\n" + support::enciphered("").substr(firstLine.size());
     EXPECT_TRUE(isEncrypted(later)) << "a version to come is no plain file";
     EXPECT_EQ(decrypted(later), "refused");
     for (const std::string content : {"", "zelstandard-enciphered", "\nzelstandard-enciphered 1\n",
@@ -140,7 +133,7 @@ TEST_F(EncipheredFile, IsKnownByItsFirstLineAlone)
 
 TEST_F(EncipheredFile, ReportsStreamsThatDoNotWork)
 {
-    const std::string path = temporary_.write("file", encrypted("text"));
+    const std::string path = temporary_.write("file", support::enciphered("text"));
     std::ofstream closed;
     EXPECT_FALSE(KorvaneUtil::decrypt(path, closed, passphrase));
 

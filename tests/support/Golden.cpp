@@ -9,12 +9,7 @@
 
 void support::expectGolden(const std::string& name, const std::string& text)
 {
-    expectFile("tests/golden/" + name, text);
-}
-
-void support::expectFile(const std::string& relative, const std::string& text)
-{
-    const auto path = sourceFile(relative);
+    const auto path = sourceFile("tests/golden/" + name);
     if (std::getenv("ZELSTANDARD_REFRESH_GOLDEN")) {
         writeFile(path, text);
         FAIL() << "wrote " << path << "; read the difference, then run the tests without "

@@ -10,8 +10,4 @@ namespace support
 /// is written instead, and the test fails once so that no one takes it for a check.
 void expectGolden(const std::string& name, const std::string& text);
 
-/// The same for any file that is made of the library's tables; its path is relative to the top of
-/// the source tree.
-void expectFile(const std::string& path, const std::string& text);
-
 } // namespace support
