@@ -1,3 +1,5 @@
+#include <cmath>
+#include <cstdint>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
@@ -14,9 +16,11 @@ using Json = nlohmann::ordered_json;
 
 Json valueOf(const Cell& cell)
 {
-    if (cell.number)
-        return *cell.number;
-    return cell.text;
+    if (!cell.number)
+        return cell.text;
+    if (cell.decimals == 0 && *cell.number == std::floor(*cell.number)) // a count, not a measure
+        return static_cast<std::int64_t>(*cell.number);
+    return *cell.number;
 }
 
 Json wordsOf(const std::string& signs)

@@ -431,7 +431,8 @@ private:
         for (const Row& row : rows_) {
             const std::string number = std::to_string(table.rows.size() + 1);
             const std::string formula = formulaOf(row);
-            std::vector<Cell> cells = {number, joined(row.leading), row.permanent};
+            std::vector<Cell> cells = {Cell(static_cast<double>(table.rows.size() + 1), 0),
+                                       joined(row.leading), row.permanent};
             for (std::size_t i = 0; i < members_.size(); ++i) {
                 cells.push_back(cellOf(row.sup[i]));
                 if (!asked_.all)
