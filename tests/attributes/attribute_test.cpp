@@ -36,6 +36,32 @@ StateAttribute filled(ActionType* type)
 
 } // namespace
 
+TEST(Attribute, HasTheGroupOfItsActionAndTakesTheDataOfAnother)
+{
+    using namespace Standard;
+    ActionGroup group(ActionGroup::Type::SNOW);
+    ActionType snow(ActionTypeId::SNOW);
+    StateAttribute attribute(Token::SNOW, nullptr);
+    EXPECT_EQ(attribute.getActionGroup(), nullptr);
+    attribute.setActionType(&snow);
+    EXPECT_EQ(attribute.getActionGroup(), nullptr);
+    snow.setActionGroup(&group);
+    EXPECT_EQ(attribute.getActionGroup(), &group);
+
+    StateAttributeBase other(Token::V);
+    other.setOperator(Operator::OR);
+    other.setType(AttributeType::WIND);
+    other.setLoadType(AttributeLoadType::VEHICLE);
+    StateAttributeBase base(Token::SNOW);
+    for (const StateAttributeBase* source : {&other, static_cast<StateAttributeBase*>(nullptr)}) {
+        base.setData(source);
+        EXPECT_EQ(base.getToken(), Token::V);
+        EXPECT_EQ(base.getOperator(), Operator::OR);
+        EXPECT_EQ(base.getType(), AttributeType::WIND);
+        EXPECT_EQ(base.getLoadType(), AttributeLoadType::VEHICLE);
+    }
+}
+
 TEST(Attribute, HasASetAndABitFieldForEachValidity)
 {
     StateAttribute attribute(Token::SNOW, nullptr);

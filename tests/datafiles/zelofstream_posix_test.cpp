@@ -234,6 +234,18 @@ TEST_P(OutputStreamFiles, StayInTheTemporaryDirectoryWhenTheyDoNotOpen)
     EXPECT_EQ(onlyTemporaryText(), "old") << "appending had copied the target already";
 }
 
+TEST(OutputStreamOntoALink, ReplacesTheLinkAndLeavesItsFile)
+{
+    const TemporaryDirectory directory;
+    const std::string file = directory.write("file.txt", "old");
+    const std::string link = directory.file("link.txt");
+    fs::create_symlink(file, link);
+    zelofstream(link.c_str(), std::ios::out).stream() << "new";
+    EXPECT_FALSE(fs::is_symlink(link));
+    EXPECT_EQ(readFile(link), "new");
+    EXPECT_EQ(readFile(file), "old");
+}
+
 TEST(OutputStreamWithoutTemporaryDirectory, TakesNothingAndLeavesTheTarget)
 {
     const support::FreshContext context;
