@@ -4,7 +4,7 @@
 #include "support/Files.h"
 
 // Where a backslash is a letter of names. That such paths lead to files all the same:
-// text/datafiles/backslash_paths.txt.
+// text/platform/backslash_paths.txt.
 TEST(BackslashPaths, LeadFirstToTheFileOfThatVeryName)
 {
     const support::FreshContext context;

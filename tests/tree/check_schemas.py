@@ -41,7 +41,7 @@ FAULTS = {
     ],
 }
 # Their first document was written by the library.
-WRITTEN = {"text/datafiles/factors.txt": "action-types.xsd", "text/context/settings.txt": "settings.xsd"}
+WRITTEN = {"text/actions/files.txt": "action-types.xsd", "text/context/settings.txt": "settings.xsd"}
 
 
 def check(schema, text, expected, what):
