@@ -6,6 +6,8 @@
 #include <zelstandard/platform/Tools.h>
 #include <zelsuite/zelsuite.h>
 
+#include "support/Files.h"
+
 namespace fs = std::filesystem;
 
 TEST(StringCompare, MatchesByItsMode)
@@ -29,6 +31,15 @@ TEST(StringCompare, MatchesByItsMode)
         EXPECT_EQ(Tools::StringCompare(row.searched, 2)(row.candidate), row.mode0) << row.searched;
         EXPECT_EQ(Tools::StringCompare(row.searched, 1)(row.candidate), row.mode1) << row.searched;
     }
+}
+
+TEST(Files, AreThereUnderEachNameThatASystemMakes)
+{
+    const support::TemporaryDirectory directory;
+    for (const char* name : {"plain.xml", "SHORT~1.XML", "two words"})
+        EXPECT_TRUE(Tools::File::exists(directory.write(name, ""))) << name;
+    for (const std::string& missing : {directory.file("missing.xml"), std::string()})
+        EXPECT_FALSE(Tools::File::exists(missing)) << missing;
 }
 
 TEST(InstallationDirectory, IsTheHostsOrBesideTheLibrary)
