@@ -324,8 +324,8 @@ TEST(WindowsOutput, TakesNothingWhenTheSystemNamesNoTemporaryDirectory)
     };
     const TemporaryDirectory directory;
     const std::string target = directory.write("target.txt", "old");
-    const ReplacedImport import{"zelstandard.dll", "GetTempPathA", &NoTemporaryDirectory::path};
-    ASSERT_TRUE(import.isInPlace());
+    const ReplacedImport replaced{"zelstandard.dll", "GetTempPathA", &NoTemporaryDirectory::path};
+    ASSERT_TRUE(replaced.isInPlace());
     EXPECT_FALSE(zelofstream(target.c_str(), std::ios::out).stream() << "text");
     EXPECT_EQ(contentOf(target), "old");
 }
