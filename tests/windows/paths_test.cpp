@@ -317,19 +317,6 @@ TEST(WindowsOutput, TakesNothingWithoutATemporaryDirectory)
     EXPECT_EQ(contentOf(target), "old");
 }
 
-TEST(WindowsOutput, TakesNothingWhenTheSystemNamesNoTemporaryDirectory)
-{
-    struct NoTemporaryDirectory {
-        static DWORD WINAPI path(DWORD, char*) { return 0; }
-    };
-    const TemporaryDirectory directory;
-    const std::string target = directory.write("target.txt", "old");
-    const ReplacedImport replaced{"zelstandard.dll", "GetTempPathA", &NoTemporaryDirectory::path};
-    ASSERT_TRUE(replaced.isInPlace());
-    EXPECT_FALSE(zelofstream(target.c_str(), std::ios::out).stream() << "text");
-    EXPECT_EQ(contentOf(target), "old");
-}
-
 // The build names a directory on a drive that is not that of the temporary directory.
 TEST(WindowsOutput, ReachesAnotherDrive)
 {
